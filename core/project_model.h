@@ -1,0 +1,241 @@
+// The in-memory project: named tables that every screen reads and writes.
+//
+// Values are held as the text they have in the project file and become
+// numbers (through NumVal) when used; a blank text means "not set". Index 0
+// of every table exists and stays empty unless stated, so counts start at 1.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+namespace solvane {
+
+using Flag = std::int16_t;
+
+inline constexpr int kMaxZones = 100;
+inline constexpr int kMaxSurfaces = 33;
+inline constexpr int kMaxCatalog = 50;
+inline constexpr int kCatalogWritten = 26;  // catalog entries 1..26 go to the file
+inline constexpr int kZoneFields = 70;
+inline constexpr int kProfileTypes = 7;
+inline constexpr int kProfileGroups = 12;
+inline constexpr int kDayTypes = 3;
+inline constexpr int kBuildingTypes = 40;
+
+template <std::size_t N>
+using TextTable = std::array<std::string, N + 1>;  // indices 0..N
+template <std::size_t N>
+using FlagTable = std::array<Flag, N + 1>;
+
+// Profile types, in their fixed order.
+enum ProfileType : int {
+    kOccupancy = 1,
+    kHotWater = 2,
+    kLights = 3,
+    kReceptacles = 4,
+    kFans = 5,
+    kCoolStat = 6,
+    kHeatStat = 7,
+};
+
+// Identity of the project, its files and its units.
+struct ProjectSession {
+    std::string InputFileName = "New_Project.inp";
+    std::string PreviousInputFileName;
+    std::string InputFileShortName;
+    std::string RunInputFileName;
+    std::string OutputFileName = "Output results not yet saved";
+    std::string ProjectTitle;
+    std::string WeatherSeed;
+    std::int16_t InputFileVersion = 4;
+    std::int16_t Units = 0;  // 1 I-P, 2 SI; anything else: not chosen yet
+    std::int16_t UnitsIndex = -1;
+    std::int16_t CodeNum = 0;  // 0 none, 1 90.1-2010, 2 90.1-2019, 3 189.1-2017
+    std::string CodeName;
+    std::string ClimateZone = "1";
+    std::int16_t BuildingType = 0;
+    int TodayYear = 0, TodayMonth = 0, TodayDay = 0;
+    std::string TodayText;
+};
+
+// Location and climate.
+struct ClimateState {
+    std::string LocationCity, LocationState;
+    std::string FileCity, FileState;
+    float Latitude = 0, Longitude = 0;
+    float HeatingDegreeDays = 0, CoolingDegreeDays = 0;
+    std::string HDDText, CDDText;
+    TextTable<12> WeatherData;  // [1]..[3] whole lines, [4]..[11] monthly rows
+    TextTable<3> DesTemps;
+    Flag DesTempsPresent = 0;
+    Flag RecordedWeatherSelected = 0;
+};
+
+struct EconomicsState {
+    TextTable<11> EconomicsData;
+    std::string DemandCharge;
+    std::int16_t NumDemandRates = 0;
+    TextTable<3> DemandRateLimit;
+    TextTable<3> DemandRateCost;
+};
+
+// One profile type: its group number table and its profile table
+// [group][day type], each profile 24 right-aligned four-character values.
+struct ProfileTable {
+    TextTable<kProfileGroups> GroupNum;
+    std::array<TextTable<kDayTypes>, kProfileGroups + 1> Profile;
+};
+
+struct ProfileState {
+    TextTable<kProfileTypes> ProfileTypeTitle;
+    TextTable<kProfileGroups> ProfileGroupName;
+    // [1] OccProfile/OccProfileNum ... [7] HeatStatProfile/HeatStatProfileNum.
+    std::array<ProfileTable, kProfileTypes + 1> Types;
+    FlagTable<kProfileTypes> ProfileTypeUsed{};
+    FlagTable<kProfileTypes> ProfileTypeEdited{};
+};
+
+// Zone rows and per-zone columns.
+struct ZoneState {
+    int NumZones = 0;
+    std::array<TextTable<kZoneFields>, kMaxZones + 1> ZoneData;
+    TextTable<kMaxZones> ZoneNatVent, ZoneDaylight, ZoneEconCycle;
+    TextTable<kMaxZones> ZoneNumber, ZoneName;
+    std::array<float, kMaxZones + 1> ZoneFloorArea{};
+    std::array<float, kMaxZones + 1> ZoneAreaPerPerson{};
+    std::array<std::int16_t, kMaxZones + 1> ZoneSurfaceCount{};
+    FlagTable<kMaxZones> ZoneExists{}, ZoneDescribed{}, ZoneVisited{};
+    float DefaultAreaPerPerson = 0;
+};
+
+// The exterior surfaces of each zone, [zone 0..100][surface 0..33].
+template <typename T>
+using SurfaceTable = std::array<std::array<T, kMaxSurfaces + 1>, kMaxZones + 1>;
+
+struct SurfaceState {
+    SurfaceTable<std::int16_t> SurfWallId{};
+    SurfaceTable<float> SurfArea{};
+    SurfaceTable<std::int16_t> SurfOrient{};
+    SurfaceTable<std::int16_t> SurfExposure{};
+    SurfaceTable<std::string> SurfShade;
+    SurfaceTable<std::int16_t> SurfWindowId{};
+    SurfaceTable<float> SurfWindowArea{};
+    SurfaceTable<float> SurfSlope{};
+    SurfaceTable<std::string> SurfSWB;
+    SurfaceTable<std::int16_t> SurfBlind{};
+    SurfaceTable<float> SurfDiffTrans{};
+    SurfaceTable<float> SurfSillHeight{};
+    SurfaceTable<float> SurfWindowHeight{};
+    SurfaceTable<float> SurfGroundRefl{};
+};
+
+// The project's wall and window catalogs, [0..50].
+struct WallCatalog {
+    FlagTable<kMaxCatalog> WallUsed{};
+    TextTable<kMaxCatalog> WallId, WallDescription, WallUFactor, WallSolarAbs, WallTimeLag,
+        WallDecrement, WallInsCost;
+};
+
+struct WindowCatalog {
+    FlagTable<kMaxCatalog> WindowUsed{};
+    TextTable<kMaxCatalog> WindowId, WindowDescription, WindowUFactor, WindowSHGC,
+        WindowEmissivity, WindowDLTrans, WindowInsCost;
+};
+
+// How far the project has come.
+struct ProgressFlags {
+    // [1] project info, [2] weather, [3] economics, [4] sketch, [5] zones, [6] code.
+    FlagTable<6> TaskDone{};
+    Flag ProjectFromFile = 0;
+    Flag ProjectInfoEdited = 0;
+    Flag LocationKnown = 0;
+    int SketchVisits = 0;
+    Flag ReSketched = 0;
+    Flag ZonesDescribed = 0;
+    Flag ProjectTouched = 0;
+    Flag InputSavedFlag = 0;
+    Flag InputFileSaved = 0;
+    Flag InputFileSavedOnce = 0;
+    Flag OutputFileSaved = 0;
+    Flag RunDone = 0;
+    std::int16_t RunResultCode = 0;
+    Flag OutputAvailable = 0;
+    std::int16_t ViewRequest = 0;
+    Flag ViewedStoredOutput = 0;
+    std::int16_t PendingAfterSave = 0;
+    Flag DaylightingUsed = 0;
+    Flag DefaultsApplied = 0;
+    FlagTable<7> CatalogEdited{};
+    Flag WallCatalogLoaded = 0;
+    Flag WindowCatalogLoaded = 0;
+    Flag WallsDerived = 0;
+    Flag ZoneChangedAfterSketch = 0;
+    Flag ExitAfterSave = 0;
+    Flag SketchInfoChanged = 0;
+    Flag ClimateZoneDefault = 0;
+    Flag WindowSizerFresh = 0;
+    FlagTable<2> CatalogReload{};
+    Flag FreshSession = 0;
+    FlagTable<15> ProjectScreenFlags{};
+    FlagTable<15> ProjectScreenFlags2{};
+    FlagTable<99> FirstVisit{};
+    Flag NoPrinter = 0;
+};
+
+// The whole project model: the one in-memory project.
+struct ProjectModel {
+    ProjectSession session;
+    TextTable<20> ProjectData;  // see the ProjectDataIndex names below
+    float BuildingFloorArea = 0, BuildingFloorAreaEntered = 0;
+    std::string BuildingOrientation;
+    ClimateState climate;
+    EconomicsState economics;
+    ProfileState profiles;
+    ZoneState zones;
+    SurfaceState surfaces;
+    WallCatalog walls;
+    WindowCatalog windows;
+    ProgressFlags flags;
+    // Screen layout factors from the screen size.
+    float ScreenFactorA = 0, ScreenFactorB = 0;
+    int GridMajorStep = 60, GridMinorStep = 90;
+    int WindowScale = 1;
+};
+
+// Entries of ProjectData.
+enum ProjectDataIndex : int {
+    kBldType = 0,
+    kProjName = 1,
+    kProjDesc = 2,
+    kLocation = 3,
+    kDesignStage = 4,
+    kSchemeNum = 5,
+    kConYear = 6,
+    kOrientation = 7,
+    kFloorArea = 8,
+    kConCost = 9,
+    kOccDays = 10,
+    kHolidays = 11,
+    kClimateZoneCopy = 12,
+    kCodeNameCopy = 13,
+};
+
+// Fixed labels filled at start-up.
+struct FixedLabels {
+    TextTable<8> RegionName;
+    TextTable<12> MonthName;
+    TextTable<12> WeatherLabel;
+    TextTable<76> SurfaceClassLabel;
+    TextTable<76> GroundCoverLabel;
+    TextTable<kDayTypes> DayTypeLabel;
+    TextTable<2> UnitsLabel;
+    TextTable<3> CodeTitle;
+    std::array<std::uint32_t, 4> CodeColor{};
+    std::string RuleLine;
+};
+
+// The fixed labels with their values.
+FixedLabels MakeFixedLabels();
+
+}  // namespace solvane

@@ -1,0 +1,118 @@
+#include "ui/raster_canvas.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+namespace solvane {
+
+Color PaletteColor(int index) {
+    static constexpr Color kPalette[16] = {
+        0x000000, 0x000080, 0x008000, 0x008080, 0x800000, 0x800080, 0x808000, 0xC0C0C0,
+        0x808080, 0x0000FF, 0x00FF00, 0x00FFFF, 0xFF0000, 0xFF00FF, 0xFFFF00, 0xFFFFFF};
+    return kPalette[((index % 16) + 16) % 16];
+}
+
+RasterCanvas::RasterCanvas(int width, int height, Color background)
+    : width_(std::max(width, 0)), height_(std::max(height, 0)),
+      pixels_(static_cast<std::size_t>(width_) * height_, background) {}
+
+void RasterCanvas::Clear(Color background) { std::fill(pixels_.begin(), pixels_.end(), background); }
+
+void RasterCanvas::SetPoint(int x, int y, Color color) {
+    if (x < 0 || y < 0 || x >= width_ || y >= height_) return;
+    pixels_[static_cast<std::size_t>(y) * width_ + x] = color;
+}
+
+Color RasterCanvas::ColorAt(int x, int y) const {
+    if (x < 0 || y < 0 || x >= width_ || y >= height_) return 0xFFFFFFFF;
+    return pixels_[static_cast<std::size_t>(y) * width_ + x];
+}
+
+void RasterCanvas::FillBox(int x1, int y1, int x2, int y2, Color color) {
+    const int xa = std::max(std::min(x1, x2), 0), xb = std::min(std::max(x1, x2), width_ - 1);
+    const int ya = std::max(std::min(y1, y2), 0), yb = std::min(std::max(y1, y2), height_ - 1);
+    for (int y = ya; y <= yb; ++y)
+        for (int x = xa; x <= xb; ++x) pixels_[static_cast<std::size_t>(y) * width_ + x] = color;
+}
+
+void RasterCanvas::Box(int x1, int y1, int x2, int y2, Color color) {
+    Line(x1, y1, x2, y1, color);
+    Line(x2, y1, x2, y2, color);
+    Line(x2, y2, x1, y2, color);
+    Line(x1, y2, x1, y1, color);
+}
+
+// Bresenham's line (Bresenham 1965).
+void RasterCanvas::Line(int x1, int y1, int x2, int y2, Color color) {
+    const int dx = std::abs(x2 - x1), sx = x1 < x2 ? 1 : -1;
+    const int dy = -std::abs(y2 - y1), sy = y1 < y2 ? 1 : -1;
+    int err = dx + dy;
+    for (;;) {
+        SetPoint(x1, y1, color);
+        if (x1 == x2 && y1 == y2) break;
+        const int e2 = 2 * err;
+        if (e2 >= dy) {
+            err += dy;
+            x1 += sx;
+        }
+        if (e2 <= dx) {
+            err += dx;
+            y1 += sy;
+        }
+    }
+}
+
+void RasterCanvas::Text(int x, int y, const std::string& text, int fontSize, Color color) {
+    if (text.empty()) return;
+    const int h = std::max(fontSize, 1);
+    const int w = static_cast<int>(text.size()) * std::max(h * 6 / 10, 1);
+    FillBox(x, y, x + w - 1, y + h - 1, color);
+}
+
+// Midpoint circle outline.
+void RasterCanvas::Circle(int cx, int cy, int radius, Color color) {
+    int x = radius, y = 0, err = 1 - radius;
+    while (x >= y) {
+        const int pts[8][2] = {{x, y}, {y, x}, {-y, x}, {-x, y}, {-x, -y}, {-y, -x}, {y, -x}, {x, -y}};
+        for (auto& p : pts) SetPoint(cx + p[0], cy + p[1], color);
+        ++y;
+        if (err < 0) {
+            err += 2 * y + 1;
+        } else {
+            --x;
+            err += 2 * (y - x) + 1;
+        }
+    }
+}
+
+// Scan-line fill with the even-odd rule, sampling at pixel centres.
+void RasterCanvas::Polygon(const std::array<Point, 4>& c, Color color) {
+    int ymin = c[0].y, ymax = c[0].y;
+    for (const auto& p : c) {
+        ymin = std::min(ymin, p.y);
+        ymax = std::max(ymax, p.y);
+    }
+    ymin = std::max(ymin, 0);
+    ymax = std::min(ymax, height_ - 1);
+    for (int y = ymin; y <= ymax; ++y) {
+        const double sy = y + 0.5;
+        double xs[4];
+        int n = 0;
+        for (int i = 0; i < 4; ++i) {
+            const Point& a = c[i];
+            const Point& b = c[(i + 1) % 4];
+            if ((a.y <= sy && b.y > sy) || (b.y <= sy && a.y > sy))
+                xs[n++] = a.x + (sy - a.y) * (b.x - a.x) / static_cast<double>(b.y - a.y);
+        }
+        std::sort(xs, xs + n);
+        for (int k = 0; k + 1 < n; k += 2) {
+            const int xa = static_cast<int>(std::ceil(xs[k] - 0.5));
+            const int xb = static_cast<int>(std::floor(xs[k + 1] - 0.5));
+            for (int x = xa; x <= xb; ++x) SetPoint(x, y, color);
+        }
+    }
+    for (int i = 0; i < 4; ++i) Line(c[i].x, c[i].y, c[(i + 1) % 4].x, c[(i + 1) % 4].y, color);
+}
+
+}  // namespace solvane
