@@ -16,16 +16,22 @@ ReadError::ReadError(std::string file, int line, const std::string& what)
 ItemReader::ItemReader(std::string content, std::string fileName)
     : content_(std::move(content)), fileName_(std::move(fileName)) {}
 
-bool ItemReader::AtEnd() const { return pos_ >= content_.size(); }
+bool ItemReader::AtEnd() const {
+    return pos_ >= content_.size();
+}
 
-void ItemReader::Fail(const std::string& what) const { throw ReadError(fileName_, line_, what); }
+void ItemReader::Fail(const std::string& what) const {
+    throw ReadError(fileName_, line_, what);
+}
 
 void ItemReader::SkipBlanks() {
     while (pos_ < content_.size() && (content_[pos_] == ' ' || content_[pos_] == '\t')) ++pos_;
 }
 
 namespace {
-bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
+bool IsLineEnd(char c) {
+    return c == '\r' || c == '\n';
+}
 }  // namespace
 
 // Reads one item up to its delimiter and consumes the delimiter: a comma, or

@@ -11,18 +11,18 @@
 namespace solvane {
 
 class ReadError : public std::runtime_error {
-public:
+  public:
     ReadError(std::string file, int line, const std::string& what);
     const std::string& File() const { return file_; }
     int Line() const { return line_; }
 
-private:
+  private:
     std::string file_;
     int line_;
 };
 
 class ItemReader {
-public:
+  public:
     // `content` is the whole file; `fileName` is used in error messages only.
     ItemReader(std::string content, std::string fileName);
 
@@ -41,7 +41,7 @@ public:
     const std::string& FileName() const { return fileName_; }
     [[noreturn]] void Fail(const std::string& what) const;
 
-private:
+  private:
     std::string RawItem(bool& quoted);
     void SkipBlanks();
 

@@ -9,9 +9,15 @@ LineWriter& LineWriter::Text(std::string_view text) {
     return *this;
 }
 
-LineWriter& LineWriter::Num(float value) { return Text(PrintNum(value)); }
-LineWriter& LineWriter::Num(double value) { return Text(PrintNum(value)); }
-LineWriter& LineWriter::Num(int value) { return Text(PrintNum(value)); }
+LineWriter& LineWriter::Num(float value) {
+    return Text(PrintNum(value));
+}
+LineWriter& LineWriter::Num(double value) {
+    return Text(PrintNum(value));
+}
+LineWriter& LineWriter::Num(int value) {
+    return Text(PrintNum(value));
+}
 
 LineWriter& LineWriter::Column(int column) {
     if (column < 1) column = 1;
@@ -34,13 +40,17 @@ LineWriter& LineWriter::EndLine() {
     return *this;
 }
 
-LineWriter& LineWriter::Line(std::string_view text) { return Text(text).EndLine(); }
+LineWriter& LineWriter::Line(std::string_view text) {
+    return Text(text).EndLine();
+}
 
 void PrintRule(LineWriter& out, int kind) {
     out.Column(5).Text(std::string(126, kind == 2 ? '=' : '-')).EndLine();
 }
 
-void PrintDoubleRule(LineWriter& out) { out.Line(std::string(132, '=')); }
+void PrintDoubleRule(LineWriter& out) {
+    out.Line(std::string(132, '='));
+}
 
 void PrintPageFooter(LineWriter& out, int& pageCounter) {
     ++pageCounter;

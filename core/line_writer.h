@@ -12,7 +12,7 @@ inline constexpr std::string_view CrLf = "\r\n";
 inline constexpr char QuoteChar = '"';
 
 class LineWriter {
-public:
+  public:
     LineWriter& Text(std::string_view text);
     LineWriter& Num(float value);
     LineWriter& Num(double value);
@@ -30,7 +30,7 @@ public:
     // The finished lines plus any unfinished one.
     std::string Str() const { return out_ + line_; }
 
-private:
+  private:
     std::string out_;
     std::string line_;
 };

@@ -13,8 +13,12 @@ namespace solvane {
 
 namespace {
 
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 }  // namespace
 
@@ -106,9 +110,13 @@ float RoundOff(std::string_view value, int digits, Prompt& prompt) {
     return RoundOff(NumVal(value), digits);
 }
 
-double RoundOneDecimal(double value) { return std::trunc(value * 10.0 + 0.5) / 10.0; }
+double RoundOneDecimal(double value) {
+    return std::trunc(value * 10.0 + 0.5) / 10.0;
+}
 
-long TruncToInt(double value) { return static_cast<long>(std::trunc(value)); }
+long TruncToInt(double value) {
+    return static_cast<long>(std::trunc(value));
+}
 
 std::int16_t ToInt16(double value) {
     const double r = std::nearbyint(value);
@@ -116,8 +124,12 @@ std::int16_t ToInt16(double value) {
     return static_cast<std::int16_t>(r);
 }
 
-double MinOf(double a, double b) { return a < b ? a : b; }
-double MaxOf(double a, double b) { return a > b ? a : b; }
+double MinOf(double a, double b) {
+    return a < b ? a : b;
+}
+double MaxOf(double a, double b) {
+    return a > b ? a : b;
+}
 
 namespace {
 // Strict "less than" between loosely typed values: text is greater than any number.
@@ -131,8 +143,12 @@ bool Less(const NumOrText& a, const NumOrText& b) {
 }
 }  // namespace
 
-NumOrText MinOf(const NumOrText& a, const NumOrText& b) { return Less(a, b) ? a : b; }
-NumOrText MaxOf(const NumOrText& a, const NumOrText& b) { return Less(b, a) ? a : b; }
+NumOrText MinOf(const NumOrText& a, const NumOrText& b) {
+    return Less(a, b) ? a : b;
+}
+NumOrText MaxOf(const NumOrText& a, const NumOrText& b) {
+    return Less(b, a) ? a : b;
+}
 
 float Azimuth(double x, double y) {
     const float a = static_cast<float>(std::atan(std::fabs(x / y)));
@@ -142,7 +158,9 @@ float Azimuth(double x, double y) {
     return 2 * kPi - a;
 }
 
-bool IsLeapYear(int year) { return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0; }
+bool IsLeapYear(int year) {
+    return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+}
 
 int DayNumber(int year, int month, int day) {
     static constexpr int kBefore[13] = {0, 0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
@@ -196,13 +214,25 @@ std::string Printed(std::string plain) {
 
 }  // namespace
 
-std::string NumText(float value) { return ShortestText(value, 7); }
-std::string NumText(double value) { return ShortestText(value, 15); }
-std::string NumText(int value) { return std::to_string(value); }
+std::string NumText(float value) {
+    return ShortestText(value, 7);
+}
+std::string NumText(double value) {
+    return ShortestText(value, 15);
+}
+std::string NumText(int value) {
+    return std::to_string(value);
+}
 
-std::string PrintNum(float value) { return Printed(NumText(value)); }
-std::string PrintNum(double value) { return Printed(NumText(value)); }
-std::string PrintNum(int value) { return Printed(NumText(value)); }
+std::string PrintNum(float value) {
+    return Printed(NumText(value));
+}
+std::string PrintNum(double value) {
+    return Printed(NumText(value));
+}
+std::string PrintNum(int value) {
+    return Printed(NumText(value));
+}
 
 namespace {
 
@@ -230,7 +260,8 @@ std::string FormatNumericMask(std::string_view text, std::string_view mask) {
     if (decMax > 0) {
         decText = std::to_string(decPart);
         decText.insert(0, static_cast<std::size_t>(decMax) - decText.size(), '0');
-        while (static_cast<int>(decText.size()) > decMin && decText.back() == '0') decText.pop_back();
+        while (static_cast<int>(decText.size()) > decMin && decText.back() == '0')
+            decText.pop_back();
     }
     std::string out = negative && (intPart != 0 || decPart != 0) ? "-" : "";
     out += intText;

@@ -32,7 +32,9 @@ std::vector<std::string> SplitPath(std::string_view relative) {
     return parts;
 }
 
-bool HasWildCard(const std::string& s) { return s.find_first_of("*?") != std::string::npos; }
+bool HasWildCard(const std::string& s) {
+    return s.find_first_of("*?") != std::string::npos;
+}
 
 // The name of the entry of `dir` that matches `name` without regard to case,
 // preferring an exact match; `name` itself when none does.

@@ -8,7 +8,7 @@
 namespace solvane {
 
 class ProgramPaths {
-public:
+  public:
     ProgramPaths() = default;
     explicit ProgramPaths(std::filesystem::path programDir);
 
@@ -19,7 +19,7 @@ public:
     // case against what exists. Parts that do not exist keep their spelling.
     std::filesystem::path Resolve(std::string_view relative) const;
 
-private:
+  private:
     std::filesystem::path programDir_;
 };
 

@@ -139,8 +139,8 @@ struct WallCatalog {
 
 struct WindowCatalog {
     FlagTable<kMaxCatalog> WindowUsed{};
-    TextTable<kMaxCatalog> WindowId, WindowDescription, WindowUFactor, WindowSHGC,
-        WindowEmissivity, WindowDLTrans, WindowInsCost;
+    TextTable<kMaxCatalog> WindowId, WindowDescription, WindowUFactor, WindowSHGC, WindowEmissivity,
+        WindowDLTrans, WindowInsCost;
 };
 
 // How far the project has come.

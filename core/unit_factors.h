@@ -43,10 +43,18 @@ inline constexpr double SolarIpToSi = 11.3565295;
 inline constexpr double SolarSiToIp = 0.08805507;
 
 // Temperature and temperature difference.
-constexpr double FahrenheitToCelsius(double f) { return (f - 32.0) / 1.8; }
-constexpr double CelsiusToFahrenheit(double c) { return c * 1.8 + 32.0; }
-constexpr double DeltaFToDeltaC(double d) { return d / 1.8; }
-constexpr double DeltaCToDeltaF(double d) { return d * 1.8; }
+constexpr double FahrenheitToCelsius(double f) {
+    return (f - 32.0) / 1.8;
+}
+constexpr double CelsiusToFahrenheit(double c) {
+    return c * 1.8 + 32.0;
+}
+constexpr double DeltaFToDeltaC(double d) {
+    return d / 1.8;
+}
+constexpr double DeltaCToDeltaF(double d) {
+    return d * 1.8;
+}
 
 // Elevation in the weather block: ft -> m rounds to the nearest metre,
 // m -> ft truncates.

@@ -14,10 +14,13 @@ Color PaletteColor(int index) {
 }
 
 RasterCanvas::RasterCanvas(int width, int height, Color background)
-    : width_(std::max(width, 0)), height_(std::max(height, 0)),
+    : width_(std::max(width, 0)),
+      height_(std::max(height, 0)),
       pixels_(static_cast<std::size_t>(width_) * height_, background) {}
 
-void RasterCanvas::Clear(Color background) { std::fill(pixels_.begin(), pixels_.end(), background); }
+void RasterCanvas::Clear(Color background) {
+    std::fill(pixels_.begin(), pixels_.end(), background);
+}
 
 void RasterCanvas::SetPoint(int x, int y, Color color) {
     if (x < 0 || y < 0 || x >= width_ || y >= height_) return;
@@ -74,7 +77,8 @@ void RasterCanvas::Text(int x, int y, const std::string& text, int fontSize, Col
 void RasterCanvas::Circle(int cx, int cy, int radius, Color color) {
     int x = radius, y = 0, err = 1 - radius;
     while (x >= y) {
-        const int pts[8][2] = {{x, y}, {y, x}, {-y, x}, {-x, y}, {-x, -y}, {-y, -x}, {y, -x}, {x, -y}};
+        const int pts[8][2] = {{x, y},   {y, x},   {-y, x}, {-x, y},
+                               {-x, -y}, {-y, -x}, {y, -x}, {x, -y}};
         for (auto& p : pts) SetPoint(cx + p[0], cy + p[1], color);
         ++y;
         if (err < 0) {

@@ -9,7 +9,7 @@
 namespace solvane {
 
 class RasterCanvas : public Canvas {
-public:
+  public:
     RasterCanvas(int width, int height, Color background = 0xFFFFFF);
 
     int Width() const override { return width_; }
@@ -24,7 +24,7 @@ public:
     void Polygon(const std::array<Point, 4>& corners, Color color) override;
     Color ColorAt(int x, int y) const override;
 
-private:
+  private:
     int width_;
     int height_;
     std::vector<Color> pixels_;

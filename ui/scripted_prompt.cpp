@@ -29,8 +29,7 @@ Answer ScriptedPrompt::Ask(const std::string& text, const std::string& title, Bu
     return a;
 }
 
-std::optional<std::string> ScriptedPrompt::Input(const std::string& text,
-                                                 const std::string& title,
+std::optional<std::string> ScriptedPrompt::Input(const std::string& text, const std::string& title,
                                                  const std::string& initial) {
     asked.push_back({text, title, Buttons::OkCancel, Icon::None});
     if (inputs_.empty()) return initial;

@@ -18,7 +18,7 @@ struct AskedPrompt {
 };
 
 class ScriptedPrompt : public Prompt {
-public:
+  public:
     // Answers given in order; once they run out, the first button's answer
     // (Ok or Yes) is given.
     void Queue(Answer answer) { answers_.push_back(answer); }
@@ -33,7 +33,7 @@ public:
     std::vector<AskedPrompt> asked;
     int beeps = 0;
 
-private:
+  private:
     std::deque<Answer> answers_;
     std::deque<std::optional<std::string>> inputs_;
 };

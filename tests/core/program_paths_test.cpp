@@ -11,10 +11,11 @@ namespace solvane {
 namespace {
 
 class ProgramPathsTest : public ::testing::Test {
-protected:
+  protected:
     void SetUp() override {
-        root_ = fs::temp_directory_path() / ("solvane_pp_" + std::to_string(::getpid()) + "_" +
-                                             ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        root_ = fs::temp_directory_path() /
+                ("solvane_pp_" + std::to_string(::getpid()) + "_" +
+                 ::testing::UnitTest::GetInstance()->current_test_info()->name());
         fs::create_directories(root_ / "Codes");
         fs::create_directories(root_ / "temp");
         std::ofstream(root_ / "Codes" / "HTfuel.txt") << "x";

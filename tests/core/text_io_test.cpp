@@ -80,8 +80,9 @@ TEST(LineWriter, ReportRulesAndFooter) {
 }
 
 TEST(TextFile, AtomicWriteReplacesWholeAndFailsCleanly) {
-    const auto dir = std::filesystem::temp_directory_path() /
-                     ("solvane_tf_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()));
+    const auto dir =
+        std::filesystem::temp_directory_path() /
+        ("solvane_tf_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()));
     std::filesystem::create_directories(dir);
     const auto file = dir / "p.inp";
     ASSERT_TRUE(WriteFileAtomic(file, "old\r\n"));

@@ -1,0 +1,58 @@
+#include "core/exit_warning.h"
+
+#include <fnmatch.h>
+
+#include <filesystem>
+
+namespace solvane {
+
+ExitWarningController::ExitWarningController(Session& session, Prompt& prompt,
+                                             ExitServices services)
+    : session_(session), prompt_(prompt), services_(std::move(services)) {}
+
+// The zone staging files \temp\temp<n>.zon are working copies only.
+void ExitWarningController::DeleteStagingFiles() {
+    std::error_code ec;
+    const auto temp = session_.paths.Resolve("\\temp");
+    for (std::filesystem::directory_iterator it(temp, ec), end; !ec && it != end;
+         it.increment(ec)) {
+        const std::string name = it->path().filename().string();
+        if (fnmatch("temp*.zon", name.c_str(), FNM_CASEFOLD) == 0)
+            std::filesystem::remove(it->path(), ec);
+    }
+}
+
+Navigation ExitWarningController::Okey() {
+    ProjectModel& m = session_.model;
+    const bool savedBefore = m.flags.InputFileSavedOnce == 1 || m.flags.ProjectFromFile == 1;
+    if (savedBefore && services_.writeProjectFile) {
+        if (!services_.writeProjectFile(session_, prompt_)) return {};
+        DeleteStagingFiles();
+        return {Screen::None, false, true};
+    }
+    if (session_.Available(Screen::SaveInputForm)) {
+        m.flags.ExitAfterSave = 1;
+        return {Screen::SaveInputForm, true, false};
+    }
+    // Nothing can be saved yet: leave as without saving.
+    return Command1();
+}
+
+Navigation ExitWarningController::Command1() {
+    ProjectModel& m = session_.model;
+    if (m.flags.RunDone == 1 && m.flags.OutputFileSaved == 0 &&
+        prompt_.Ask("The last simulation results has not been saved.  Do you wish to save them?",
+                    "Save output", Buttons::YesNo, Icon::None) == Answer::Yes &&
+        session_.Available(Screen::SaveOutForm)) {
+        m.flags.ExitAfterSave = 1;
+        return {Screen::SaveOutForm, true, false};
+    }
+    DeleteStagingFiles();
+    return {Screen::None, false, true};
+}
+
+Navigation ExitWarningController::Cancel() {
+    return {Screen::MainMenu, true, false};
+}
+
+}  // namespace solvane

@@ -1,0 +1,33 @@
+// The `warning` screen that stands in front of exit: save and leave, leave
+// without saving, or go back.
+#pragma once
+
+#include <functional>
+
+#include "core/session.h"
+#include "ui/prompt.h"
+
+namespace solvane {
+
+struct ExitServices {
+    // Writes the project file under its current name; false on failure.
+    std::function<bool(Session&, Prompt&)> writeProjectFile;
+};
+
+class ExitWarningController {
+  public:
+    ExitWarningController(Session& session, Prompt& prompt, ExitServices services = {});
+
+    Navigation Okey();      // save, then end
+    Navigation Command1();  // end without saving
+    Navigation Cancel();    // back to the hub
+
+  private:
+    void DeleteStagingFiles();
+
+    Session& session_;
+    Prompt& prompt_;
+    ExitServices services_;
+};
+
+}  // namespace solvane
