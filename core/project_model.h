@@ -107,6 +107,10 @@ struct ZoneState {
     std::array<std::int16_t, kMaxZones + 1> ZoneSurfaceCount{};
     FlagTable<kMaxZones> ZoneExists{}, ZoneDescribed{}, ZoneVisited{};
     float DefaultAreaPerPerson = 0;
+    // Per-zone working texts of the zone screens; cleared when a project is read.
+    TextTable<kMaxZones> ZoneScratch;
+    // HVAC type of the last zone read or of the building type defaults.
+    std::int16_t LastHVACType = 0;
 };
 
 // The exterior surfaces of each zone, [zone 0..100][surface 0..33].
@@ -141,6 +145,24 @@ struct WindowCatalog {
     FlagTable<kMaxCatalog> WindowUsed{};
     TextTable<kMaxCatalog> WindowId, WindowDescription, WindowUFactor, WindowSHGC, WindowEmissivity,
         WindowDLTrans, WindowInsCost;
+};
+
+// The window sizer's tables by direction: 0 north, 1 east, 2 south, 3 west,
+// 4 skylight.
+struct WindowSizerState {
+    std::array<float, 5> WindowPercent{};
+    std::array<float, 6> WindowFraction{};
+    std::array<float, 5> WindowPercentDefault{};
+    std::array<float, 5> PFFirst{}, PFUpper{};          // saved overhang projection factors
+    std::array<float, 5> PFFirstWork{}, PFUpperWork{};  // working copies
+    // The factors copied to every row, [row 0..100][direction 0..5].
+    std::array<std::array<float, 6>, kMaxZones + 1> OverhangFirst{}, OverhangUpper{};
+    Flag WindowSizerApplied = 0;
+};
+
+// The sketch's building-wide figures.
+struct SketchState {
+    std::int16_t TopFloor = 0;  // number of levels in the drawing
 };
 
 // How far the project has come.
@@ -196,6 +218,8 @@ struct ProjectModel {
     SurfaceState surfaces;
     WallCatalog walls;
     WindowCatalog windows;
+    WindowSizerState sizer;
+    SketchState sketch;
     ProgressFlags flags;
     // Screen layout factors from the screen size.
     float ScreenFactorA = 0, ScreenFactorB = 0;
