@@ -66,6 +66,9 @@ struct ClimateState {
     float Latitude = 0, Longitude = 0;
     float HeatingDegreeDays = 0, CoolingDegreeDays = 0;
     std::string HDDText, CDDText;
+    // The accepted station: its number, time-zone meridian and elevation.
+    std::string WMONumber;
+    float StandardMeridian = 0, Elevation = 0;
     TextTable<12> WeatherData;  // [1]..[3] whole lines, [4]..[11] monthly rows
     TextTable<3> DesTemps;
     Flag DesTempsPresent = 0;
