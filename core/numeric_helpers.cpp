@@ -234,6 +234,18 @@ std::string PrintNum(int value) {
     return Printed(NumText(value));
 }
 
+std::string StrForm(float value) {
+    const std::string t = NumText(value);
+    return t[0] == '-' ? t : " " + t;
+}
+std::string StrForm(double value) {
+    const std::string t = NumText(value);
+    return t[0] == '-' ? t : " " + t;
+}
+std::string StrForm(int value) {
+    return value < 0 ? std::to_string(value) : " " + std::to_string(value);
+}
+
 namespace {
 
 // Numeric masks built of "#" (optional digit), "0" (required digit) and ".".

@@ -83,6 +83,12 @@ std::string PrintNum(float value);
 std::string PrintNum(double value);
 std::string PrintNum(int value);
 
+// Text form: the shortest text with one leading blank when not negative and
+// nothing after it (" .5", "-3", " 12"); what a number becomes in a text field.
+std::string StrForm(float value);
+std::string StrForm(double value);
+std::string StrForm(int value);
+
 // Field masks: n "@" right-align in n characters (longer text is not cut);
 // "&" masks give the text as it stands.
 std::string FormatField(std::string_view text, std::string_view mask);

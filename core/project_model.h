@@ -168,6 +168,68 @@ struct SketchState {
     std::int16_t TopFloor = 0;  // number of levels in the drawing
 };
 
+// The building type table, read once at start-up from \Codes\BType2020-Defaults.txt.
+struct BuildingTypeTable {
+    int TypeCount = 0;
+    TextTable<50> BTypeName;
+    // The 19 default columns of each type, [type][1..19].
+    std::array<std::array<float, 20>, 51> BTypeColumn{};
+    // The two values after the columns: skylight minimum percent and type number.
+    std::array<float, 51> BTypeSkylightMin{}, BTypeRowNumber{};
+    std::array<float, 51> BTypeEUILow{}, BTypeEUIHigh{};
+    TextTable<50> BTypeSizerText;
+    TextTable<50> BTypeSizerAlternate;  // the alternate sizer texts (types 26 and 34)
+    std::array<std::int16_t, 51> BTypeProfileGroup{};
+    // Outdoor air per unit floor area from the type's people and area rates.
+    std::array<float, 51> BTypeOA{};
+    // The window sizer table after the types, rows 1..9: a number, an integer, a number.
+    std::array<float, 10> SizerTableA{}, SizerTableC{};
+    std::array<std::int16_t, 10> SizerTableB{};
+};
+
+// One catalog of seven columns, as the envelope defaults and the catalog
+// screens hold it, rows 0..50.
+struct EnvelopeRows {
+    TextTable<kMaxCatalog> id, Des, UF, Absp, lag, decr, cost;
+};
+
+// What the code, climate and building type pre-set.
+struct PropertyDefaults {
+    EnvelopeRows WallDefaults, WindowDefaults;
+    std::string EconDefault;  // "Yes" or "No"
+    TextTable<30> ZoneDefaults;
+};
+
+// One HVAC system row of the efficiency file.
+struct HvacRow {
+    std::string id, Des, Feature, BldApp;
+    std::string stpresIn, stpresPa, seer, cop, tempF, tempC;
+    std::string fcost, mcost, Heater, HTCOP;
+};
+
+struct HvacState {
+    std::array<HvacRow, 16> HvacCatalog;  // systems 1..15
+    std::int16_t HvacNoticeCount = 0;      // kept for the life of the program
+    std::int16_t CurrentHvacSystem = 0;
+};
+
+// The schedule library, [type 1..7][group 1..12][day 1..3].
+struct ScheduleLibraryState {
+    std::array<std::array<TextTable<kDayTypes>, kProfileGroups + 1>, kProfileTypes + 1>
+        LibraryProfile;
+    std::array<std::array<std::array<std::array<std::int16_t, 26>, kDayTypes + 1>,
+                          kProfileGroups + 1>,
+               kProfileTypes + 1>
+        LibraryProfileValue{};
+};
+
+// The zone screen's change marks shared by the screens that fill zone fields.
+struct ZoneEditState {
+    std::array<FlagTable<kZoneFields>, kMaxZones + 1> ZoneFieldChanged{};
+    TextTable<kZoneFields> PrevFieldText;
+    int CurrentField = 0;
+};
+
 // How far the project has come.
 struct ProgressFlags {
     // [1] project info, [2] weather, [3] economics, [4] sketch, [5] zones, [6] code.
@@ -222,6 +284,11 @@ struct ProjectModel {
     WallCatalog walls;
     WindowCatalog windows;
     WindowSizerState sizer;
+    BuildingTypeTable btypes;
+    PropertyDefaults defaults;
+    HvacState hvac;
+    ScheduleLibraryState library;
+    ZoneEditState zoneEdit;
     SketchState sketch;
     ProgressFlags flags;
     // Screen layout factors from the screen size.

@@ -82,6 +82,14 @@ TEST(NumberText, FilePrintingAddsTheBlanks) {
     EXPECT_EQ(PrintNum(1e-5f), " 1E-05 ");
 }
 
+TEST(NumberText, TextFormHasOnlyTheLeadingBlank) {
+    EXPECT_EQ(StrForm(0.5f), " .5");
+    EXPECT_EQ(StrForm(-3), "-3");
+    EXPECT_EQ(StrForm(12), " 12");
+    EXPECT_EQ(StrForm(-0.25), "-.25");
+    EXPECT_EQ(StrForm(0.0f), " 0");
+}
+
 TEST(FormatField, Masks) {
     EXPECT_EQ(FormatField("12345", "@@@"), "12345");
     EXPECT_EQ(FormatField("12", "@@@@"), "  12");
