@@ -1,0 +1,70 @@
+#include "app/app_shell.h"
+
+#include "app/mainform.h"
+#include "app/mainmenu.h"
+#include "app/warning.h"
+
+namespace solvane {
+
+AppShell::AppShell(ProgramPaths paths, Prompt& prompt) : prompt_(prompt) {
+    session_.paths = std::move(paths);
+    auto navigate = [this](const Navigation& nav) { Navigate(nav); };
+    mainformController_ =
+        std::make_unique<MainFormController>(session_, prompt_, startupHooks_.loadScheduleLibrary);
+    mainmenuController_ = std::make_unique<MainMenuController>(session_, prompt_);
+    warningController_ = std::make_unique<ExitWarningController>(session_, prompt_);
+    mainform_ = std::make_unique<MainFormScreen>(session_, *mainformController_, navigate);
+    mainmenu_ = std::make_unique<MainMenuScreen>(session_, *mainmenuController_, navigate);
+    warning_ =
+        std::make_unique<WarningScreen>(session_, *warningController_, navigate, mainmenu_.get());
+}
+
+AppShell::~AppShell() = default;
+
+void AppShell::Start(const StartupEnvironment& env) {
+    StartUp(session_, prompt_, env, startupHooks_);
+    mainmenuController_->InitFields();
+    mainform_->Refresh();
+    mainform_->show();
+}
+
+void AppShell::Navigate(const Navigation& nav) {
+    if (nav.endProgram) {
+        ended_ = true;
+        mainmenu_->hide();
+        mainform_->hide();
+        warning_->hide();
+        emit programEnded();
+        return;
+    }
+    switch (nav.show) {
+        case Screen::None:
+            mainmenu_->ShowFields();
+            break;
+        case Screen::MainMenu:
+            if (nav.hideCurrent) mainform_->hide();
+            if (!hubBegun_) {
+                hubBegun_ = true;
+                session_.mainmenu.caption = session_.mainmenu.caption.empty()
+                                                ? "SOLVANE 2020 New Project:... "
+                                                : session_.mainmenu.caption;
+            }
+            mainmenu_->show();
+            mainmenu_->raise();
+            mainmenu_->activateWindow();
+            mainmenu_->Activate();
+            break;
+        case Screen::Warning:
+            warning_->Refresh();
+            warning_->show();
+            warning_->raise();
+            break;
+        default:
+            // Screens that are not part of this build keep their tasks closed,
+            // so no controller asks for them.
+            mainmenu_->Activate();
+            break;
+    }
+}
+
+}  // namespace solvane

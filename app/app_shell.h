@@ -1,0 +1,54 @@
+// Owns the session and the screens, and moves between them as the
+// controllers ask.
+#pragma once
+
+#include <QObject>
+#include <memory>
+
+#include "core/exit_warning.h"
+#include "core/main_form.h"
+#include "core/main_menu.h"
+#include "core/startup.h"
+
+namespace solvane {
+
+class MainFormScreen;
+class MainMenuScreen;
+class WarningScreen;
+
+class AppShell : public QObject {
+    Q_OBJECT
+  public:
+    // `prompt` answers for every screen: message boxes in the program, a
+    // script in tests.
+    AppShell(ProgramPaths paths, Prompt& prompt);
+    ~AppShell() override;
+
+    // Runs start-up and shows the start-up screen.
+    void Start(const StartupEnvironment& env);
+    void Navigate(const Navigation& nav);
+
+    Session& session() { return session_; }
+    MainFormScreen* mainform() { return mainform_.get(); }
+    MainMenuScreen* mainmenu() { return mainmenu_.get(); }
+    WarningScreen* warning() { return warning_.get(); }
+    bool ended() const { return ended_; }
+
+  signals:
+    void programEnded();
+
+  private:
+    Session session_;
+    Prompt& prompt_;
+    StartupHooks startupHooks_;
+    std::unique_ptr<MainFormController> mainformController_;
+    std::unique_ptr<MainMenuController> mainmenuController_;
+    std::unique_ptr<ExitWarningController> warningController_;
+    std::unique_ptr<MainFormScreen> mainform_;
+    std::unique_ptr<MainMenuScreen> mainmenu_;
+    std::unique_ptr<WarningScreen> warning_;
+    bool hubBegun_ = false;
+    bool ended_ = false;
+};
+
+}  // namespace solvane

@@ -1,0 +1,216 @@
+#include "app/mainmenu.h"
+
+#include <QCloseEvent>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "app/field_binding.h"
+#include "app/task_icons.h"
+
+namespace solvane {
+
+namespace {
+
+QAction* AddAction(QMenu* menu, const QString& name, const QString& text) {
+    QAction* action = menu->addAction(text);
+    action->setObjectName(name);
+    return action;
+}
+
+QMenu* AddMenu(QMenuBar* bar, const QString& name, const QString& title) {
+    QMenu* menu = bar->addMenu(title);
+    menu->setObjectName(name);
+    return menu;
+}
+
+}  // namespace
+
+MainMenuScreen::MainMenuScreen(Session& session, MainMenuController& controller,
+                               std::function<void(const Navigation&)> navigate)
+    : session_(session), controller_(controller), navigate_(std::move(navigate)) {
+    setObjectName("mainmenu");
+    setMinimumSize(820, 620);
+    BuildMenus();
+    BuildTasks();
+    timer_ = new QTimer(this);
+    timer_->setObjectName("Timer1");
+    timer_->setInterval(500);
+    connect(timer_, &QTimer::timeout, this, [this] {
+        controller_.TimerTick();
+        globe_->setPixmap(GlobeFrame(session_.TimerPicture, 72));
+        ShowFields();
+    });
+}
+
+void MainMenuScreen::BuildMenus() {
+    QMenuBar* bar = menuBar();
+    QMenu* file = AddMenu(bar, "filemenu", "&File");
+    connect(AddAction(file, "newitem", "&New Project"), &QAction::triggered, this, [this] {
+        Go(controller_.NewProject());
+        Activate();
+    });
+    connect(AddAction(file, "retrieveitem", "&Open Existing Project"), &QAction::triggered, this,
+            [this] { Go(controller_.OpenProject()); });
+    connect(AddAction(file, "saveinput", "Save &Project File"), &QAction::triggered, this,
+            [this] { Go(controller_.SaveProject()); });
+    file->addSeparator();
+    connect(AddAction(file, "exititem", "E&xit"), &QAction::triggered, this,
+            [this] { Go(controller_.Exit()); });
+
+    QMenu* run = AddMenu(bar, "runmenu", "&Analysis");
+    for (int i = 0; i < 2; ++i) {
+        QAction* a = AddAction(run, QString("runenergy_%1").arg(i),
+                               i == 0 ? "Run with   A/C " : "Run w/out A/C (&Passive)");
+        connect(a, &QAction::triggered, this, [this, i] { Go(controller_.RunEnergy(i)); });
+    }
+
+    QMenu* view = AddMenu(bar, "viewmenu", "&View Output");
+    QMenu* tables = view->addMenu("Tables");
+    tables->setObjectName("Table");
+    const char* tableNames[] = {
+        "Project Data",         "Zone Data",     "Monthly Summaries", "HVAC Design Data",
+        "Peak Demand Profiles", "Cost Analysis", "Weather Summary",   "Space Comfort Conditions"};
+    for (int i = 0; i < 8; ++i) AddAction(tables, QString("Table_%1").arg(i + 1), tableNames[i]);
+    QMenu* graphs = view->addMenu("Graphs");
+    graphs->setObjectName("graph");
+    const char* graphNames[] = {"Peak Heating Load",         "Peak Cooling Load",
+                                "Annual Heating Load",       "Annual Cooling Load",
+                                "Monthly Heating & Cooling", "Monthly Utility Costs",
+                                "Breakdown of Annual Energy"};
+    for (int i = 0; i < 7; ++i) AddAction(graphs, QString("graph_%1").arg(i + 1), graphNames[i]);
+    AddAction(view, "View_0", "Retrieve Previous Output File");
+
+    QMenu* dtbase = AddMenu(bar, "dtbase", "&Mat'l / Systems Database");
+    const char* dbNames[] = {"Wall/Roof/Floor Catalog", "Window & Skylight Catalog",
+                             "HVAC System Types"};
+    for (int i = 0; i < 3; ++i) AddAction(dtbase, QString("dbase_%1").arg(i + 1), dbNames[i]);
+
+    QMenu* code = AddMenu(bar, "code", "&Energy Code Details");
+    AddAction(code, "codehelp", "Energy Code Details");
+    AddMenu(bar, "Helpmenu", "&Tutorial");
+}
+
+void MainMenuScreen::BuildTasks() {
+    auto* central = new QWidget;
+    auto* layout = new QVBoxLayout(central);
+
+    // Code banner with its arrow and the two code icons.
+    auto* bannerRow = new QHBoxLayout;
+    auto* arrow = new QLabel;
+    arrow->setObjectName("Image9");
+    arrow->setPixmap(SvgPixmap(session_.paths, "arrow", 48, 24));
+    auto* banner = new QLabel;
+    banner->setObjectName("Label8");
+    QFont bold = banner->font();
+    bold.setBold(true);
+    bold.setPointSize(bold.pointSize() + 2);
+    banner->setFont(bold);
+    bannerRow->addWidget(arrow);
+    bannerRow->addWidget(banner, 1);
+    layout->addLayout(bannerRow);
+
+    auto* codeRow = new QGridLayout;
+    const char* codeIcons[] = {"code-90", "code-189"};
+    const char* codePrompts[] = {"Image10", "Image11"};
+    for (int i = 0; i < 2; ++i) {
+        auto* prompt = new QLabel;
+        prompt->setObjectName(codePrompts[i]);
+        auto* icon = new QToolButton;
+        icon->setObjectName(QString("Image8_%1").arg(i));
+        icon->setIcon(QIcon(SvgPixmap(session_.paths, codeIcons[i], 48, 48)));
+        icon->setIconSize(QSize(48, 48));
+        icon->setAutoRaise(true);
+        codeRow->addWidget(prompt, i, 0);
+        codeRow->addWidget(icon, i, 1);
+    }
+    layout->addLayout(codeRow);
+
+    struct Task {
+        const char* label;
+        const char* icon;
+        const char* picture;
+        Navigation (MainMenuController::*action)();
+    };
+    const Task tasks[] = {
+        {"CodeStatus", nullptr, nullptr, nullptr},
+        {"weatherdata", "Image3", "weather", &MainMenuController::Weather},
+        {"projectinformation", "Image1", "project", &MainMenuController::ProjectInformation},
+        {"economicsdata", "Image5", "economics", &MainMenuController::Economics},
+        {"buildingsketch", "Image4", "sketch", &MainMenuController::Sketch},
+        {"zonedescription", "Image12", "zones", &MainMenuController::ZoneDescription},
+        {"executerun", "Image6", "run", &MainMenuController::ExecuteRun},
+    };
+    auto* grid = new QGridLayout;
+    int row = 0;
+    for (const Task& t : tasks) {
+        auto* pointer = new QLabel;
+        pointer->setObjectName(QString("Image7_%1").arg(row));
+        pointer->setPixmap(SvgPixmap(session_.paths, "arrow", 32, 16));
+        grid->addWidget(pointer, row, 0);
+        if (t.icon) {
+            auto* icon = new QToolButton;
+            icon->setObjectName(t.icon);
+            icon->setIcon(QIcon(SvgPixmap(session_.paths, t.picture, 40, 40)));
+            icon->setIconSize(QSize(40, 40));
+            icon->setAutoRaise(true);
+            grid->addWidget(icon, row, 1);
+            if (t.action)
+                connect(icon, &QToolButton::clicked, this,
+                        [this, a = t.action] { Go((controller_.*a)()); });
+        }
+        auto* label = new QPushButton;
+        label->setObjectName(t.label);
+        label->setFlat(true);
+        label->setStyleSheet("text-align: left; padding: 4px;");
+        grid->addWidget(label, row, 2);
+        if (t.action)
+            connect(label, &QPushButton::clicked, this,
+                    [this, a = t.action] { Go((controller_.*a)()); });
+        ++row;
+    }
+    grid->setColumnStretch(2, 1);
+    layout->addLayout(grid);
+
+    auto* bottom = new QHBoxLayout;
+    auto* units = new QLabel;
+    units->setObjectName("Label13");
+    bottom->addWidget(units, 1);
+    auto* samples = new QToolButton;
+    samples->setObjectName("Picture1");
+    samples->setIcon(QIcon(SvgPixmap(session_.paths, "samples", 32, 32)));
+    samples->setIconSize(QSize(32, 32));
+    samples->setText("Sample projects");
+    samples->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    connect(samples, &QToolButton::clicked, this, [this] { Go(controller_.OpenSample()); });
+    bottom->addWidget(samples);
+    globe_ = new QLabel;
+    globe_->setObjectName("Image2");
+    globe_->setPixmap(GlobeFrame(0, 72));
+    bottom->addWidget(globe_);
+    layout->addLayout(bottom);
+
+    setCentralWidget(central);
+}
+
+void MainMenuScreen::Activate() {
+    controller_.Refresh();
+    ShowFields();
+    if (!timer_->isActive()) timer_->start();
+}
+
+void MainMenuScreen::ShowFields() {
+    ApplyFields(this, session_.mainmenu);
+}
+
+void MainMenuScreen::closeEvent(QCloseEvent* event) {
+    event->ignore();
+    Go(controller_.Close());
+}
+
+}  // namespace solvane

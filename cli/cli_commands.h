@@ -1,0 +1,29 @@
+// The headless command line: what each command does, apart from parsing.
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace solvane::cli {
+
+struct Options {
+    std::string home;     // --home DIR
+    std::string command;  // first word that is not an option
+    std::vector<std::string> arguments;
+    bool help = false;
+    bool version = false;
+};
+
+// Parses the arguments; on a mistake returns false with the reason in `error`.
+bool ParseOptions(const std::vector<std::string>& args, Options& options, std::string& error);
+
+void PrintHelp(std::ostream& out);
+
+// Runs the start-up steps on the program folder, answering every prompt with
+// its first button, and prints what the start-up screen would show. Returns
+// the process exit code.
+int RunCheck(const Options& options, const std::string& executable, std::ostream& out,
+             std::ostream& err);
+
+}  // namespace solvane::cli

@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Installs and builds if needed, then runs every test: unit tests and the
+# offscreen tests of the desktop screens.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+scripts/install-deps.sh
+preset="${SOLVANE_TEST_PRESET:-release}"
+cmake --preset "$preset" >/dev/null
+cmake --build --preset "$preset"
+export QT_QPA_PLATFORM=offscreen
+ctest --preset "$preset" --output-on-failure -j2

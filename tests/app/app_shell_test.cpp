@@ -1,0 +1,121 @@
+// Starts the desktop program offscreen and drives it through its widgets,
+// found by their field names.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QMenu>
+#include <QRadioButton>
+#include <QTest>
+
+#include <filesystem>
+
+#include "app/app_shell.h"
+#include "app/mainform.h"
+#include "app/mainmenu.h"
+#include "app/warning.h"
+#include "ui/scripted_prompt.h"
+
+namespace fs = std::filesystem;
+
+namespace solvane {
+namespace {
+
+class AppShellTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        root_ = fs::temp_directory_path() /
+                ("solvane_app_" + std::to_string(::getpid()) + "_" +
+                 ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        fs::create_directories(root_);
+        fs::copy(SOLVANE_DATA_DIR, root_, fs::copy_options::recursive);
+        fs::create_directories(root_ / "temp");
+        fs::remove(root_ / "temp" / "ecalc$.unt");
+        shell_ = std::make_unique<AppShell>(ProgramPaths(root_), prompt_);
+        shell_->Start(StartupEnvironment{});
+    }
+    void TearDown() override {
+        shell_.reset();
+        fs::remove_all(root_);
+    }
+    template <typename T>
+    T* Find(QWidget* screen, const char* name) {
+        T* w = screen->findChild<T*>(name);
+        EXPECT_NE(w, nullptr) << name;
+        return w;
+    }
+
+    fs::path root_;
+    ScriptedPrompt prompt_;
+    std::unique_ptr<AppShell> shell_;
+};
+
+TEST_F(AppShellTest, ChooseUnitsBeginAndSeeTheHub) {
+    QWidget* form = shell_->mainform();
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_FALSE(Find<QRadioButton>(form, "unitnum_1")->isChecked());
+
+    prompt_.Queue(Answer::No);  // not as the default
+    Find<QRadioButton>(form, "unitnum_1")->click();
+    EXPECT_TRUE(Find<QRadioButton>(form, "unitnum_1")->isChecked());
+    ASSERT_EQ(prompt_.asked.size(), 1u);
+    EXPECT_EQ(prompt_.asked[0].text, "Set I-P Units as the default?");
+
+    Find<QAbstractButton>(form, "continue")->click();
+    QWidget* hub = shell_->mainmenu();
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_TRUE(hub->isVisible());
+    EXPECT_EQ(hub->windowTitle(), "SOLVANE 2020 New Project:... ");
+    EXPECT_EQ(Find<QLabel>(hub, "Label8")->text(),
+              "Energy code not selected. Do this before proceeding.");
+    EXPECT_EQ(Find<QLabel>(hub, "Label13")->text(), "Project Units = IP");
+
+    EXPECT_TRUE(Find<QWidget>(hub, "CodeStatus")->isEnabled());
+    EXPECT_TRUE(Find<QWidget>(hub, "weatherdata")->isEnabled());
+    for (const char* closed : {"projectinformation", "economicsdata", "buildingsketch",
+                               "zonedescription", "executerun", "Image1", "Image6"})
+        EXPECT_FALSE(Find<QWidget>(hub, closed)->isEnabled()) << closed;
+    EXPECT_FALSE(Find<QMenu>(hub, "runmenu")->menuAction()->isEnabled());
+    EXPECT_TRUE(Find<QMenu>(hub, "filemenu")->menuAction()->isEnabled());
+}
+
+TEST_F(AppShellTest, BeginWithoutUnitsStaysOnTheStartUpScreen) {
+    Find<QAbstractButton>(shell_->mainform(), "continue")->click();
+    EXPECT_TRUE(shell_->mainform()->isVisible());
+    EXPECT_FALSE(shell_->mainmenu()->isVisible());
+    ASSERT_EQ(prompt_.asked.size(), 1u);
+    EXPECT_EQ(prompt_.asked[0].title, "Units have not been specified.");
+}
+
+TEST_F(AppShellTest, ProgramEndsOnlyFromTheFileMenu) {
+    prompt_.Queue(Answer::No);
+    Find<QRadioButton>(shell_->mainform(), "unitnum_2")->click();
+    Find<QAbstractButton>(shell_->mainform(), "continue")->click();
+    shell_->mainmenu()->close();
+    EXPECT_TRUE(shell_->mainmenu()->isVisible());
+    EXPECT_EQ(prompt_.asked.back().title, "Exit Warning");
+
+    Find<QAction>(shell_->mainmenu(), "exititem")->trigger();
+    QWidget* warning = shell_->warning();
+    EXPECT_TRUE(warning->isVisible());
+    EXPECT_EQ(Find<QLabel>(warning, "Label1")->text(),
+              "Alert! Save input changes to:New_Project.inp ?");
+    Find<QAbstractButton>(warning, "Cancel")->click();
+    EXPECT_FALSE(shell_->ended());
+    Find<QAction>(shell_->mainmenu(), "exititem")->trigger();
+    Find<QAbstractButton>(warning, "Command1")->click();
+    EXPECT_TRUE(shell_->ended());
+    EXPECT_FALSE(shell_->mainmenu()->isVisible());
+}
+
+}  // namespace
+}  // namespace solvane
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+    ::testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}
