@@ -1,5 +1,9 @@
 #include "app/app_shell.h"
 
+#include <QDir>
+#include <filesystem>
+
+#include "app/file_forms.h"
 #include "app/mainform.h"
 #include "app/mainmenu.h"
 #include "app/warning.h"
@@ -12,7 +16,17 @@ AppShell::AppShell(ProgramPaths paths, Prompt& prompt) : prompt_(prompt) {
     mainformController_ =
         std::make_unique<MainFormController>(session_, prompt_, startupHooks_.loadScheduleLibrary);
     mainmenuController_ = std::make_unique<MainMenuController>(session_, prompt_);
-    warningController_ = std::make_unique<ExitWarningController>(session_, prompt_);
+    ExitServices exitServices;
+    exitServices.writeProjectFile = [](Session& s, Prompt& p) {
+        return WriteProjectFileTo(s, p, s.model.session.InputFileName, false);
+    };
+    warningController_ =
+        std::make_unique<ExitWarningController>(session_, prompt_, std::move(exitServices));
+    oldFileController_ =
+        std::make_unique<OldFileFormController>(session_, prompt_, projectFileHooks_);
+    sampleController_ =
+        std::make_unique<SampleFileFormController>(session_, prompt_, projectFileHooks_);
+    saveController_ = std::make_unique<SaveInputFormController>(session_, prompt_);
     mainform_ = std::make_unique<MainFormScreen>(session_, *mainformController_, navigate);
     mainmenu_ = std::make_unique<MainMenuScreen>(session_, *mainmenuController_, navigate);
     warning_ =
@@ -37,6 +51,9 @@ void AppShell::Navigate(const Navigation& nav) {
         emit programEnded();
         return;
     }
+    // Screens opened from the hub stand in its place.
+    if (nav.hideCurrent && nav.show != Screen::MainMenu && nav.show != Screen::None)
+        mainmenu_->hide();
     switch (nav.show) {
         case Screen::None:
             mainmenu_->ShowFields();
@@ -54,6 +71,23 @@ void AppShell::Navigate(const Navigation& nav) {
             mainmenu_->activateWindow();
             mainmenu_->Activate();
             break;
+        case Screen::OldFileForm:
+            oldFileForm_->Open(QDir::homePath().toStdString());
+            break;
+        case Screen::SampleFileForm:
+            sampleFileForm_->Open();
+            break;
+        case Screen::SaveInputForm: {
+            // A project that came from a file is saved beside it.
+            const std::string folder =
+                session_.model.flags.ProjectFromFile == 1
+                    ? std::filesystem::path(session_.model.session.InputFileName)
+                          .parent_path()
+                          .string()
+                    : QDir::homePath().toStdString();
+            saveInputForm_->Open(folder);
+            break;
+        }
         case Screen::Warning:
             warning_->Refresh();
             warning_->show();

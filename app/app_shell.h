@@ -9,12 +9,16 @@
 #include "core/main_form.h"
 #include "core/main_menu.h"
 #include "core/startup.h"
+#include "projectfile/file_dialogs.h"
 
 namespace solvane {
 
 class MainFormScreen;
 class MainMenuScreen;
 class WarningScreen;
+class OldFileFormScreen;
+class SampleFileFormScreen;
+class SaveInputFormScreen;
 
 class AppShell : public QObject {
     Q_OBJECT
@@ -32,6 +36,9 @@ class AppShell : public QObject {
     MainFormScreen* mainform() { return mainform_.get(); }
     MainMenuScreen* mainmenu() { return mainmenu_.get(); }
     WarningScreen* warning() { return warning_.get(); }
+    OldFileFormScreen* oldFileForm() { return oldFileForm_.get(); }
+    SampleFileFormScreen* sampleFileForm() { return sampleFileForm_.get(); }
+    SaveInputFormScreen* saveInputForm() { return saveInputForm_.get(); }
     bool ended() const { return ended_; }
 
   signals:
@@ -41,12 +48,19 @@ class AppShell : public QObject {
     Session session_;
     Prompt& prompt_;
     StartupHooks startupHooks_;
+    ProjectFileHooks projectFileHooks_;
     std::unique_ptr<MainFormController> mainformController_;
     std::unique_ptr<MainMenuController> mainmenuController_;
     std::unique_ptr<ExitWarningController> warningController_;
+    std::unique_ptr<OldFileFormController> oldFileController_;
+    std::unique_ptr<SampleFileFormController> sampleController_;
+    std::unique_ptr<SaveInputFormController> saveController_;
     std::unique_ptr<MainFormScreen> mainform_;
     std::unique_ptr<MainMenuScreen> mainmenu_;
     std::unique_ptr<WarningScreen> warning_;
+    std::unique_ptr<OldFileFormScreen> oldFileForm_;
+    std::unique_ptr<SampleFileFormScreen> sampleFileForm_;
+    std::unique_ptr<SaveInputFormScreen> saveInputForm_;
     bool hubBegun_ = false;
     bool ended_ = false;
 };
