@@ -128,6 +128,7 @@ void MainMenuScreen::BuildTasks() {
         icon->setAutoRaise(true);
         codeRow->addWidget(prompt, i, 0);
         codeRow->addWidget(icon, i, 1);
+        connect(icon, &QToolButton::clicked, this, [this, i] { Go(controller_.CodeIcon(i)); });
     }
     layout->addLayout(codeRow);
 
@@ -138,7 +139,7 @@ void MainMenuScreen::BuildTasks() {
         Navigation (MainMenuController::*action)();
     };
     const Task tasks[] = {
-        {"CodeStatus", nullptr, nullptr, nullptr},
+        {"CodeStatus", nullptr, nullptr, &MainMenuController::CodeStatus},
         {"weatherdata", "Image3", "weather", &MainMenuController::Weather},
         {"projectinformation", "Image1", "project", &MainMenuController::ProjectInformation},
         {"economicsdata", "Image5", "economics", &MainMenuController::Economics},

@@ -116,10 +116,13 @@ void MainMenuController::Refresh() {
 
     const int code = m.session.CodeNum;
     if (code > 0) {
+        // The chosen code's icon stays as a sign of the choice; it no longer answers.
         f.At("Image8", 0).visible = code != 3;
         f.At("Image8", 1).visible = code == 3;
+        f.At("Image8", 0).enabled = f.At("Image8", 1).enabled = false;
     } else {
         f.At("Image8", 0).visible = f.At("Image8", 1).visible = true;
+        f.At("Image8", 0).enabled = f.At("Image8", 1).enabled = true;
         f["Image9"].visible = f["Label8"].visible = true;
         f["Image10"].visible = f["Image11"].visible = true;
     }
@@ -142,6 +145,19 @@ void MainMenuController::TimerTick() {
     f.At("Image7", 2).visible = m.flags.ProjectTouched == 1;
     session_.TimerPicture = session_.TimerPicture % 21 + 1;
     for (int i = 1; i <= 21; ++i) f.At("Image2", i).visible = i == session_.TimerPicture;
+}
+
+Navigation MainMenuController::CodeIcon(int index) {
+    // The icons answer until a confirmed code is shown on the hub.
+    if (session_.mainmenu.At("Image8", index).enabled &&
+        session_.mainmenu.At("Image8", index).visible && services_.selectCode)
+        services_.selectCode(session_, prompt_, index);
+    return {};
+}
+
+Navigation MainMenuController::CodeStatus() {
+    if (services_.showCodeStatus) services_.showCodeStatus(prompt_);
+    return {};
 }
 
 Navigation MainMenuController::NewProject() {

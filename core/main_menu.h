@@ -18,6 +18,10 @@ struct HubServices {
     std::function<bool(Session&, Prompt&)> writeEngineInput;
     // Reads the head line of the project file before a run.
     std::function<void(Session&)> readHeadLine;
+    // The code icons: 0 for 90.1, 1 for 189.1.
+    std::function<void(Session&, Prompt&, int)> selectCode;
+    // The click on the code task's label.
+    std::function<void(Prompt&)> showCodeStatus;
 };
 
 // The task captions, in their numbered order.
@@ -42,6 +46,8 @@ class MainMenuController {
     // One tick of the hub's timer: blinking, the next-task arrow, the turning picture.
     void TimerTick();
 
+    Navigation CodeIcon(int index);   // Image8
+    Navigation CodeStatus();          // CodeStatus
     Navigation NewProject();          // newitem
     Navigation OpenProject();         // retrieveitem
     Navigation OpenSample();          // Picture1

@@ -336,3 +336,35 @@ TEST(ShortFileName, KeepsShortNamesWhole) {
 
 }  // namespace
 }  // namespace solvane
+
+namespace solvane {
+namespace {
+
+TEST_F(TaskFlowTest, CodeIconsAnswerUntilTheChoiceIsShown) {
+    MainMenuController plain = BeginProject();
+    int calls = 0;
+    HubServices services;
+    services.selectCode = [&](Session& s, Prompt&, int index) {
+        ++calls;
+        s.model.session.CodeNum = index == 1 ? 3 : 2;
+    };
+    MainMenuController hub(session_, prompt_, services);
+    hub.CodeIcon(1);
+    hub.CodeIcon(0);  // not yet confirmed on the hub: the user may choose again
+    EXPECT_EQ(calls, 2);
+    hub.Refresh();
+    EXPECT_TRUE(session_.mainmenu.At("Image8", 0).visible);
+    EXPECT_FALSE(session_.mainmenu.At("Image8", 1).visible);
+    hub.CodeIcon(0);
+    EXPECT_EQ(calls, 2);
+    prompt_.Queue(Answer::Yes);
+    hub.NewProject();
+    hub.Refresh();
+    EXPECT_EQ(session_.model.session.CodeNum, 0);
+    EXPECT_TRUE(session_.mainmenu.At("Image8", 1).visible);
+    hub.CodeIcon(1);
+    EXPECT_EQ(calls, 3);
+}
+
+}  // namespace
+}  // namespace solvane
