@@ -1,0 +1,676 @@
+#include "engine/simulation.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <map>
+#include <stdexcept>
+
+#include "engine/sun.h"
+
+namespace solvane::engine {
+namespace {
+
+constexpr double kSigma = 5.6697e-8;
+constexpr double kAirCp = 1006.0;  // J/kgK, dry air
+constexpr double kKelvin = 273.15;
+// Linearised interior long-wave coefficient at 20 C (4 sigma T^3).
+constexpr double kInsideRadiation = 4 * kSigma * 293.15 * 293.15 * 293.15;
+// Roughness multiplier of the DOE-2 convection model (Walton 1983): "rough",
+// the class of stucco and brick; windows are rated with their own films.
+constexpr double kRoughness = 1.67;
+
+// One heat-exchanging face of a zone: the opaque part of a surface, or one
+// window of it.
+struct HeatSurface {
+    int sourceSurface = 0;
+    Component component = kCompWalls;
+    bool isWindow = false;
+    bool internalMass = false;
+    Boundary boundary = Boundary::Outdoors;
+    double area = 0;
+    double cosTilt = 0;    // of the outward normal
+    int orientation = -1;  // index of its (azimuth, tilt) pair, -1 when sunless
+    double outsideAbsorptance = 0, outsideEmissivity = 0.9;
+    double groundReflectance = 0.2;
+    double groundTemperature = std::numeric_limits<double>::quiet_NaN();
+    double groundConductance = 0;
+    double windowConductance = 0;  // window: outdoor air to inside face, W/m2K
+    double azimuth = 0;
+    double windFactor = 1;  // wind at the surface over the wind of the weather
+    NodeChain chain;
+    std::vector<double> t, tOld;  // node temperatures
+    std::vector<double> sa, sb;   // forward-sweep coefficients: T_j = sa_j + sb_j T_j+1
+    double mrtConductance = 0;    // W/m2K to the star node
+    double insideConvection = 2.0;
+    double beamShare = 0, diffuseShare = 0, radiantShare = 0;  // of zone totals absorbed here
+    // Window only.
+    int windowType = -1;
+    const Window* window = nullptr;
+};
+
+struct ZoneState {
+    std::vector<HeatSurface> surfaces;
+    double airCapacity = 0;  // J/K
+    double tAir = 20, tAirOld = 20, tStar = 20;
+};
+
+// TARP natural convection (Walton 1983), for a face whose normal points
+// along `cosUp` (1 up, -1 down) and is `dt` warmer than the air.
+double NaturalConvection(double dt, double cosUp) {
+    const double a = std::cbrt(std::abs(dt));
+    if (std::abs(cosUp) < 0.05) return std::max(1.31 * a, 0.1);
+    const bool enhanced = (dt > 0 && cosUp > 0) || (dt < 0 && cosUp < 0);
+    const double c = std::abs(cosUp);
+    return std::max(enhanced ? 9.482 * a / (7.238 - c) : 1.810 * a / (1.382 + c), 0.1);
+}
+
+// DOE-2 exterior convection: natural part and the MoWiTT forced correlation
+// for smooth glass, scaled by roughness (Yazdanian & Klems 1994).
+double OutsideConvection(double dt, double cosUp, double wind, bool windward) {
+    const double hn = NaturalConvection(dt, cosUp);
+    if (wind <= 0) return hn;
+    const double a = windward ? 3.26 : 3.55, b = windward ? 0.89 : 0.617;
+    const double forced = a * std::pow(wind, b);
+    const double hGlass = std::sqrt(hn * hn + forced * forced);
+    return hn + kRoughness * (hGlass - hn);
+}
+
+// Carroll's MRT factors: F_i = 1 / (1 - A_i F_i / sum A_j F_j + (1-e_i)/e_i),
+// iterated to a fixed point.
+void SetMrtConductances(ZoneState& z, const Building& b, const Zone& zone) {
+    const std::size_t n = z.surfaces.size();
+    std::vector<double> f(n, 1.0), e(n, 0.9);
+    for (std::size_t i = 0; i < n; ++i) {
+        const HeatSurface& s = z.surfaces[i];
+        if (s.isWindow)
+            e[i] = 0.84;
+        else
+            e[i] = b.constructions[zone.surfaces[s.sourceSurface].construction].insideEmissivity;
+    }
+    for (int iter = 0; iter < 50; ++iter) {
+        double sum = 0;
+        for (std::size_t i = 0; i < n; ++i) sum += z.surfaces[i].area * f[i];
+        for (std::size_t i = 0; i < n; ++i) {
+            const double share = z.surfaces[i].area * f[i] / sum;
+            f[i] = 1.0 / std::max(1.0 - share + (1 - e[i]) / e[i], 0.05);
+        }
+    }
+    for (std::size_t i = 0; i < n; ++i) z.surfaces[i].mrtConductance = f[i] * kInsideRadiation;
+}
+
+struct Orientation {
+    double azimuth, tilt;
+    SurfaceNormal normal;
+};
+
+int FindOrientation(std::vector<Orientation>& list, double azimuth, double tilt) {
+    for (std::size_t i = 0; i < list.size(); ++i)
+        if (std::abs(list[i].azimuth - azimuth) < 1e-6 && std::abs(list[i].tilt - tilt) < 1e-6)
+            return static_cast<int>(i);
+    list.push_back({azimuth, tilt, MakeNormal(azimuth, tilt)});
+    return static_cast<int>(list.size()) - 1;
+}
+
+Component ComponentOf(SurfaceClass k) {
+    switch (k) {
+        case SurfaceClass::Roof:
+            return kCompRoof;
+        case SurfaceClass::Floor:
+            return kCompFloors;
+        case SurfaceClass::InternalMass:
+            return kCompStorage;
+        default:
+            return kCompWalls;
+    }
+}
+
+ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<WindowOptics>& optics,
+                    std::vector<Orientation>& orients, double dt, double airDensity) {
+    ZoneState z;
+    for (std::size_t si = 0; si < zone.surfaces.size(); ++si) {
+        const Surface& s = zone.surfaces[si];
+        if (s.construction < 0 || s.construction >= static_cast<int>(b.constructions.size()))
+            throw std::runtime_error("zone " + zone.name + ": surface " + s.name +
+                                     " has no construction");
+        const Construction& c = b.constructions[s.construction];
+        double windowArea = 0;
+        for (const Window& w : s.windows) windowArea += w.area;
+        const int orient =
+            (s.boundary == Boundary::Outdoors) ? FindOrientation(orients, s.azimuth, s.tilt) : -1;
+        HeatSurface h;
+        h.sourceSurface = static_cast<int>(si);
+        h.component = ComponentOf(s.kind);
+        h.internalMass = s.kind == SurfaceClass::InternalMass;
+        h.boundary = s.boundary;
+        h.area = std::max(s.area - windowArea, 0.0);
+        h.cosTilt = std::cos(s.tilt * kDeg);
+        h.azimuth = s.azimuth;
+        h.orientation = orient;
+        h.outsideAbsorptance = c.outsideAbsorptance;
+        h.outsideEmissivity = c.outsideEmissivity;
+        h.groundReflectance = s.groundReflectance;
+        h.windFactor =
+            std::pow(270.0 / 10.0, 0.14) *
+            std::pow(std::max(s.height, 0.5) / b.terrain.layerThickness, b.terrain.exponent);
+        h.groundTemperature = s.groundTemperature;
+        h.groundConductance = s.groundResistance > 0 ? 1.0 / s.groundResistance : 1000.0;
+        h.chain = Discretise(c, dt);
+        if (h.area > 0) z.surfaces.push_back(h);
+        for (const Window& w : s.windows) {
+            if (w.area <= 0) continue;
+            if (w.type < 0 || w.type >= static_cast<int>(b.windowTypes.size()))
+                throw std::runtime_error("zone " + zone.name + ": window without a type");
+            const GlazingLayers& g = b.windowTypes[w.type].glazing;
+            HeatSurface wh = h;
+            wh.isWindow = true;
+            wh.component = kCompWindowConduction;
+            wh.area = w.area;
+            wh.windowType = w.type;
+            wh.window = &w;
+            // Outdoor air to the inside face: the rated U without the inside film.
+            wh.windowConductance = 1.0 / (1.0 / UFactor(g) - 1.0 / g.insideFilm);
+            wh.chain.capacity = {0.0};
+            wh.chain.conductance.clear();
+            z.surfaces.push_back(wh);
+        }
+    }
+    for (HeatSurface& h : z.surfaces) {
+        h.t.assign(h.chain.capacity.size(), 20.0);
+        h.tOld = h.t;
+    }
+    SetMrtConductances(z, b, zone);
+    // Solar shares: transmitted beam falls on the floors and is absorbed by
+    // their inside absorptance; what they reflect joins the diffuse, which
+    // is absorbed in proportion to area times absorptance. The windows'
+    // share of it either leaves again or is absorbed in the glass.
+    double floorArea = 0, absorbing = 0, totalArea = 0;
+    for (const HeatSurface& h : z.surfaces) {
+        totalArea += h.area;
+        if (!h.isWindow && h.component == kCompFloors) floorArea += h.area;
+    }
+    auto insideAbs = [&](const HeatSurface& h) {
+        if (h.isWindow) return 1.0 - optics[h.windowType].diffuseReflectance;
+        return b.constructions[zone.surfaces[h.sourceSurface].construction].insideAbsorptance;
+    };
+    for (const HeatSurface& h : z.surfaces) absorbing += h.area * insideAbs(h);
+    double beamReflected = 0;
+    for (HeatSurface& h : z.surfaces) {
+        const bool floor = !h.isWindow && h.component == kCompFloors;
+        const double onThis =
+            floorArea > 0 ? (floor ? h.area / floorArea : 0.0) : h.area / totalArea;
+        const double a = insideAbs(h);
+        h.beamShare = onThis * a;
+        beamReflected += onThis * (1 - a);
+        h.radiantShare = h.area / totalArea;
+    }
+    for (HeatSurface& h : z.surfaces) {
+        double share = h.area * insideAbs(h) / absorbing;
+        if (h.isWindow) {
+            const WindowOptics& o = optics[h.windowType];
+            share *= o.diffuseBackAbsorbedInward / std::max(1.0 - o.diffuseReflectance, 1e-9);
+        }
+        h.diffuseShare = share;
+        h.beamShare += beamReflected * share;
+    }
+    z.airCapacity = airDensity * kAirCp * zone.volume + zone.furnitureCapacity;
+    return z;
+}
+
+// Fraction of a window's beam not shaded by an overhang at its head and fins
+// at its sides, each long enough to count as infinite (projection factor
+// method, ASHRAE Fundamentals 2017 ch. 15), and the share of sky diffuse the
+// overhang leaves (two-dimensional view factor of the overhang).
+struct ShadeFactors {
+    double beam = 1, sky = 1;
+};
+ShadeFactors WindowShade(const WindowShading& sh, const SunPosition& sun, double azimuthDeg) {
+    ShadeFactors f;
+    const double p = sh.overhangProjection;
+    if (p > 0) {
+        f.sky = 1.0 - (1.0 + p - std::sqrt(1.0 + p * p)) * (1.0 - sh.overhangTransmittance);
+    }
+    if (sun.aboveHorizon && (p > 0 || sh.leftFinProjection > 0 || sh.rightFinProjection > 0)) {
+        const double az = azimuthDeg * kDeg;
+        // Sun in the window's frame: x to its right (seen from outside), y out, z up.
+        const double ex = std::cos(az), ey = -std::sin(az);  // right-hand unit vector (east, north)
+        const double x = -(sun.east * ex + sun.north * ey);
+        const double y = sun.east * std::sin(az) + sun.north * std::cos(az);
+        if (y > 1e-6) {
+            double lit = 1.0;
+            if (p > 0) {
+                const double shade = std::min(1.0, p * sun.up / y);
+                lit *= 1.0 - shade * (1.0 - sh.overhangTransmittance);
+            }
+            const double fin = x > 0 ? sh.rightFinProjection : sh.leftFinProjection;
+            if (fin > 0) lit *= 1.0 - std::min(1.0, fin * std::abs(x) / y);
+            f.beam = lit;
+        }
+    }
+    f.beam *= 1.0 - sh.obstruction;
+    f.sky *= 1.0 - sh.obstruction;
+    return f;
+}
+
+// Interior venetian blinds, as an interior attenuation coefficient on the
+// solar heat gain (ASHRAE Fundamentals 2017 ch. 15, medium slats: IAC about
+// 0.7); setting 1 draws them when more than 95 W/m2 of beam reaches the
+// glass, setting 5 keeps them drawn.
+double BlindFactor(int blind, double beamOnGlass) {
+    constexpr double kIac = 0.7;
+    if (blind == 5) return kIac;
+    if (blind == 1 && beamOnGlass > 95.0) return kIac;
+    return 1.0;
+}
+
+// What one zone sees in one step.
+struct StepInputs {
+    double tOut = 0, tSky = 0, wind = 0, windDirection = 0, tGround = 10;
+    double gInfiltration = 0, gOutdoorAir = 0;  // W/K
+    double convective = 0;                      // internal gains to the air, W
+    double tHeat = -1e30, tCool = 1e30;
+    double heatCapacity = 1e30, coolCapacity = 1e30;
+};
+
+struct StepResult {
+    double q = 0;  // ideal system, W, heating positive
+    double tAir = 0;
+    std::array<double, kComponentCount> gains{};  // W into the zone
+    double in = 0, out = 0, stored = 0;           // W across the zone's boundary
+};
+
+StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<double>& outsideSolar,
+                    const std::vector<double>& src, double dt) {
+    const std::size_t ns = st.surfaces.size();
+    double m0 = 0, m1 = 0, m2 = 0;  // star node:  m1 Ta + m2 Tm = m0
+    double a0 = 0, a1 = 0, a2 = 0;  // air node:   a1 Ta + a2 Tm - a0 = Q
+    thread_local std::vector<double> W, E, hOut, tEq;
+    W.resize(ns), E.resize(ns), hOut.resize(ns), tEq.resize(ns);
+    for (std::size_t i = 0; i < ns; ++i) {
+        HeatSurface& h = st.surfaces[i];
+        const std::size_t n = h.t.size();
+        h.tOld = h.t;
+        double ho = 0, te = in.tOut;
+        if (h.isWindow) {
+            ho = h.windowConductance;
+        } else if (h.boundary == Boundary::Adiabatic) {
+            ho = 0;
+        } else if (h.boundary == Boundary::Ground) {
+            ho = h.groundConductance;
+            te = std::isnan(h.groundTemperature) ? in.tGround : h.groundTemperature;
+        } else {
+            const double ts = h.t[0];
+            const bool sunlit = h.boundary == Boundary::Outdoors;
+            const double v = sunlit ? in.wind * h.windFactor : 0.0;
+            double rel = std::fmod(std::abs(in.windDirection - h.azimuth), 360.0);
+            if (rel > 180) rel = 360 - rel;
+            const bool windward = std::abs(h.cosTilt) > 0.99 || rel <= 90;
+            const double hc = OutsideConvection(ts - in.tOut, h.cosTilt, v, windward);
+            // View to the sky, of which the part near the horizon radiates
+            // at air temperature: sky share F * sqrt(F) (Walton, TARP 1983).
+            const double fView = sunlit ? 0.5 * (1 + h.cosTilt) : 0.0;
+            const double fSky = fView * std::sqrt(fView);
+            const double tsK = ts + kKelvin, skyK = in.tSky + kKelvin, airK = in.tOut + kKelvin;
+            const double e = h.outsideEmissivity;
+            const double hSky = e * kSigma * fSky * (tsK * tsK + skyK * skyK) * (tsK + skyK);
+            const double hGnd = e * kSigma * (1 - fSky) * (tsK * tsK + airK * airK) * (tsK + airK);
+            ho = hc + hSky + hGnd;
+            te = (hc * in.tOut + hSky * in.tSky + hGnd * in.tOut + outsideSolar[i]) / ho;
+        }
+        hOut[i] = ho;
+        tEq[i] = te;
+        // Forward sweep from the outside face to the inside face.
+        h.sa.resize(n);
+        h.sb.resize(n);
+        double diag = 0, rhs = 0;
+        for (std::size_t j = 0; j < n; ++j) {
+            const double cdt = h.chain.capacity[j] / dt;
+            diag = cdt;
+            rhs = cdt * h.tOld[j];
+            if (j == 0) {
+                diag += ho;
+                rhs += ho * te;
+            } else {
+                const double kp = h.chain.conductance[j - 1];
+                diag += kp * (1 - h.sb[j - 1]);
+                rhs += kp * h.sa[j - 1];
+            }
+            if (j + 1 < n) {
+                const double kj = h.chain.conductance[j];
+                diag += kj;
+                h.sa[j] = rhs / diag;
+                h.sb[j] = kj / diag;
+            }
+        }
+        // Inside face: diag T_s = rhs + hc (Ta - T_s) + hr (Tm - T_s) + source.
+        const double cosInside = -h.cosTilt;
+        h.insideConvection = NaturalConvection(h.t[n - 1] - st.tAir, cosInside);
+        const double hc = h.insideConvection, hr = h.mrtConductance, A = h.area;
+        W[i] = 1.0 / (diag + hc + hr);
+        E[i] = rhs + src[i] / A;
+        m1 += A * hr * W[i] * hc;
+        m2 += A * hr * (W[i] * hr - 1.0);
+        m0 -= A * hr * W[i] * E[i];
+        a1 -= A * hc * (W[i] * hc - 1.0);
+        a2 -= A * hc * W[i] * hr;
+        a0 += A * hc * W[i] * E[i];
+    }
+    const double cAir = st.airCapacity / dt;
+    a1 += cAir + in.gInfiltration + in.gOutdoorAir;
+    a0 += cAir * st.tAir + (in.gInfiltration + in.gOutdoorAir) * in.tOut + in.convective;
+    // Q = alpha Ta - beta after eliminating the star node.
+    const double alpha = a1 - a2 * m1 / m2;
+    const double beta = a0 - a2 * m0 / m2;
+    double ta = beta / alpha, q = 0;
+    if (ta < in.tHeat) {
+        q = std::min(alpha * in.tHeat - beta, in.heatCapacity);
+        ta = (q + beta) / alpha;
+    } else if (ta > in.tCool) {
+        q = std::max(alpha * in.tCool - beta, -in.coolCapacity);
+        ta = (q + beta) / alpha;
+    }
+    const double tm = (m0 - m1 * ta) / m2;
+    StepResult r;
+    r.q = q;
+    r.tAir = ta;
+    const double tAirOld = st.tAir;
+    st.tAir = ta;
+    st.tStar = tm;
+    // Back substitution and the heat flows of the step.
+    double stored = cAir * (ta - tAirOld);
+    double boundary = 0;
+    auto addFlow = [&](double f) {
+        if (f >= 0)
+            r.in += f;
+        else
+            r.out -= f;
+        boundary += f;
+    };
+    for (std::size_t i = 0; i < ns; ++i) {
+        HeatSurface& h = st.surfaces[i];
+        const std::size_t n = h.t.size();
+        const double hc = h.insideConvection, hr = h.mrtConductance, A = h.area;
+        h.t[n - 1] = W[i] * (E[i] + hc * ta + hr * tm);
+        for (std::size_t j = n - 1; j-- > 0;) h.t[j] = h.sa[j] + h.sb[j] * h.t[j + 1];
+        const double ts = h.t[n - 1];
+        const double body = A * (hc * (ts - ta) + hr * (ts - tm)) - src[i];
+        r.gains[h.component] += body;
+        for (std::size_t j = 0; j < n; ++j)
+            stored += A * h.chain.capacity[j] / dt * (h.t[j] - h.tOld[j]);
+        addFlow(A * hOut[i] * (tEq[i] - h.t[0]));
+        addFlow(src[i]);
+    }
+    r.gains[kCompInfiltration] = in.gInfiltration * (in.tOut - ta);
+    r.gains[kCompOutdoorAir] = in.gOutdoorAir * (in.tOut - ta);
+    r.gains[kCompStorage] -= cAir * (ta - tAirOld);
+    addFlow(r.gains[kCompInfiltration]);
+    addFlow(r.gains[kCompOutdoorAir]);
+    addFlow(in.convective);
+    addFlow(q);
+    r.stored = stored;
+    return r;
+}
+
+}  // namespace
+
+double SteadyConductance(const Building& b, int zi, const WeatherYear& weather) {
+    const Zone& zone = b.zones[zi];
+    double ua = 0;
+    for (const Surface& s : zone.surfaces) {
+        if (s.boundary == Boundary::Adiabatic) continue;
+        double wa = 0;
+        for (const Window& w : s.windows) {
+            wa += w.area;
+            ua += w.area * UFactor(b.windowTypes[w.type].glazing);
+        }
+        ua += (s.area - wa) / (b.constructions[s.construction].Resistance() + 0.13 + 0.04);
+    }
+    const double rho = AirDensity(StandardPressure(weather.site.elevation), 20.0);
+    return ua + rho * kAirCp * zone.volume * zone.infiltrationAch / 3600.0;
+}
+
+RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& opt) {
+    if (w.hours.size() != kHoursPerYear) throw std::runtime_error("weather must hold 8760 hours");
+    const int steps = std::clamp(opt.stepsPerHour, 1, 60);
+    const double dt = 3600.0 / steps;
+    const double siteDensity = AirDensity(StandardPressure(w.site.elevation), 20.0);
+
+    std::vector<WindowOptics> optics;
+    for (const WindowType& t : b.windowTypes) optics.push_back(MakeWindowOptics(t.glazing));
+    std::vector<Orientation> orients;
+    std::vector<ZoneState> zs;
+    for (const Zone& zone : b.zones)
+        zs.push_back(BuildZone(b, zone, optics, orients, dt, siteDensity));
+
+    RunResults res;
+    res.zones.resize(b.zones.size());
+    for (std::size_t z = 0; z < b.zones.size(); ++z) {
+        ZoneResults& zr = res.zones[z];
+        zr.name = b.zones[z].name;
+        if (opt.keepHourly) {
+            zr.airTemperature.assign(kHoursPerYear, 0.0f);
+            zr.heating.assign(kHoursPerYear, 0.0f);
+            zr.cooling.assign(kHoursPerYear, 0.0f);
+        }
+        zr.monthlyMaxTemperature.fill(-1e9);
+        zr.monthlyMinTemperature.fill(1e9);
+    }
+
+    // Ground temperature by month: the weather's own, otherwise the annual
+    // mean air temperature.
+    std::array<double, 12> ground{};
+    {
+        double mean = 0;
+        for (const WeatherHour& h : w.hours) mean += h.dryBulb;
+        mean /= kHoursPerYear;
+        for (int m = 0; m < 12; ++m)
+            ground[m] = w.groundTemperatures.size() == 12 ? w.groundTemperatures[m] : mean;
+    }
+
+    std::vector<std::vector<double>> outsideSolar(zs.size()), src(zs.size()),
+        windowAbsorbed(zs.size());
+    std::vector<std::array<int, 12>> monthHours(zs.size());
+    std::vector<double> tempSum(zs.size(), 0.0);
+    std::vector<int> tempCount(zs.size(), 0);
+    std::vector<std::array<double, 12>> monthTempSum(zs.size());
+
+    auto runDay = [&](int day, bool record) {
+        const int month = MonthOfDay(day);
+        const int weekday = (opt.firstWeekday + day) % 7;
+        const bool skipped = opt.skipMonth[month];
+        for (int hour = 0; hour < 24; ++hour) {
+            const int hi = day * 24 + hour;
+            const WeatherHour& wh = w.hours[hi];
+            const WeatherHour& wp = w.hours[hi == 0 ? kHoursPerYear - 1 : hi - 1];
+            const SunPosition sun = HourSunPosition(day + 1, hour + 1, w.site.latitude,
+                                                    w.site.longitude, w.site.timeZone);
+            const SkyState sky =
+                MakeSkyState(sun, wh.directNormal, wh.diffuseHorizontal, wh.globalHorizontal);
+            const double tSky =
+                std::pow(std::max(wh.horizontalInfrared, 1.0f) / kSigma, 0.25) - kKelvin;
+            std::vector<SurfaceIrradiance> irr(orients.size());
+            for (std::size_t o = 0; o < orients.size(); ++o)
+                irr[o] = IrradianceOn(sky, orients[o].normal, 0.0);
+            const double groundDiffuseBase = sky.globalHorizontal;
+
+            for (std::size_t z = 0; z < b.zones.size(); ++z) {
+                const Zone& zone = b.zones[z];
+                ZoneState& st = zs[z];
+                ZoneResults& zr = res.zones[z];
+                const std::size_t ns = st.surfaces.size();
+                outsideSolar[z].assign(ns, 0.0);
+                windowAbsorbed[z].assign(ns, 0.0);
+                src[z].assign(ns, 0.0);
+                double beamIn = 0, diffuseIn = 0;
+                for (std::size_t i = 0; i < ns; ++i) {
+                    const HeatSurface& h = st.surfaces[i];
+                    if (h.orientation < 0) continue;
+                    SurfaceIrradiance ir = irr[h.orientation];
+                    ir.groundDiffuse =
+                        h.groundReflectance * groundDiffuseBase * 0.5 * (1.0 - h.cosTilt);
+                    if (!h.isWindow) {
+                        outsideSolar[z][i] = h.outsideAbsorptance * ir.Total();
+                        continue;
+                    }
+                    const WindowOptics& op = optics[h.windowType];
+                    const ShadeFactors sf = WindowShade(h.window->shading, sun, h.azimuth);
+                    const double beam = ir.beam * sf.beam;
+                    const double diff = ir.skyDiffuse * sf.sky + ir.groundDiffuse;
+                    const double blind = BlindFactor(h.window->shading.blind, beam);
+                    beamIn += op.Transmittance(ir.cosIncidence) * beam * h.area * blind;
+                    diffuseIn += op.diffuseTransmittance * diff * h.area * blind;
+                    windowAbsorbed[z][i] = (op.AbsorbedInward(ir.cosIncidence) * beam +
+                                            op.diffuseAbsorbedInward * diff) *
+                                           h.area * blind;
+                }
+                auto prof = [&](int p) { return p < 0 ? 1.0 : b.profiles[p].At(weekday, hour); };
+                const ZoneGains& g = zone.gains;
+                const double people = g.peopleSensible * prof(g.peopleProfile);
+                const double lights = g.lights * prof(g.lightsProfile);
+                const double equip = g.equipment * prof(g.equipmentProfile);
+                const double radiant = people * g.peopleRadiant + lights * g.lightsRadiant +
+                                       equip * g.equipmentRadiant;
+                double solarTotal = 0;
+                for (std::size_t i = 0; i < ns; ++i) {
+                    const HeatSurface& h = st.surfaces[i];
+                    const double solar =
+                        h.beamShare * beamIn + h.diffuseShare * diffuseIn + windowAbsorbed[z][i];
+                    solarTotal += solar;
+                    src[z][i] = solar + h.radiantShare * radiant;
+                }
+                const bool hvac = zone.conditioned && !opt.hvacOff && !skipped;
+                StepInputs in;
+                in.tSky = tSky;
+                in.windDirection = wh.windDirection;
+                in.tGround = ground[month];
+                in.convective = people + lights + equip - radiant;
+                in.tHeat = (hvac && zone.heatingSetpointProfile >= 0)
+                               ? prof(zone.heatingSetpointProfile)
+                               : -1e30;
+                in.tCool = (hvac && zone.coolingSetpointProfile >= 0)
+                               ? prof(zone.coolingSetpointProfile)
+                               : 1e30;
+                in.heatCapacity = zone.heatingCapacity;
+                in.coolCapacity = zone.coolingCapacity;
+                const double oaFlow =
+                    zone.outdoorAirProfile < 0
+                        ? zone.outdoorAirFlow
+                        : (prof(zone.outdoorAirProfile) > 0 ? zone.outdoorAirFlow : 0.0);
+
+                double hourQh = 0, hourQc = 0, hourT = 0;
+                std::array<double, kComponentCount> heatComp{}, coolComp{};
+                double hIn = 0, hOut = 0, hStored = 0;
+                for (int k = 1; k <= steps; ++k) {
+                    const double frac = static_cast<double>(k) / steps;
+                    in.tOut = wp.dryBulb + (wh.dryBulb - wp.dryBulb) * frac;
+                    const double pressure = wp.pressure + (wh.pressure - wp.pressure) * frac;
+                    in.wind = wp.windSpeed + (wh.windSpeed - wp.windSpeed) * frac;
+                    // Air changes count the zone's own air: the mass that
+                    // leaves (and is replaced) is at the zone's density.
+                    const double rhoCp = AirDensity(pressure, st.tAir) * kAirCp;
+                    in.gInfiltration = rhoCp * zone.volume * zone.infiltrationAch / 3600.0;
+                    in.gOutdoorAir = rhoCp * oaFlow;
+                    const StepResult r = StepZone(st, in, outsideSolar[z], src[z], dt);
+                    hourT += r.tAir / steps;
+                    std::array<double, kComponentCount> gains = r.gains;
+                    gains[kCompWindowSolar] += solarTotal;
+                    gains[kCompPeople] += people;
+                    gains[kCompLights] += lights;
+                    gains[kCompEquipment] += equip;
+                    if (r.q > 0) {
+                        hourQh += r.q / steps;
+                        for (int c = 0; c < kComponentCount; ++c) heatComp[c] -= gains[c] / steps;
+                    } else if (r.q < 0) {
+                        hourQc -= r.q / steps;
+                        for (int c = 0; c < kComponentCount; ++c) coolComp[c] += gains[c] / steps;
+                    }
+                    hIn += r.in / steps;
+                    hOut += r.out / steps;
+                    hStored += r.stored / steps;
+                }
+                if (!record) continue;
+                // Hour totals (W over one hour = Wh).
+                if (opt.keepHourly) {
+                    zr.airTemperature[hi] = static_cast<float>(hourT);
+                    zr.heating[hi] = static_cast<float>(hourQh);
+                    zr.cooling[hi] = static_cast<float>(hourQc);
+                }
+                zr.balanceIn += hIn;
+                zr.balanceOut += hOut;
+                zr.balanceStored += hStored;
+                zr.balanceResidual += std::abs(hIn - hOut - hStored);
+                if (skipped) continue;
+                zr.heatingEnergy += hourQh;
+                zr.coolingEnergy += hourQc;
+                zr.monthlyHeating[month] += hourQh;
+                zr.monthlyCooling[month] += hourQc;
+                for (int c = 0; c < kComponentCount; ++c) {
+                    zr.heatingByComponent[c] += heatComp[c];
+                    zr.coolingByComponent[c] += coolComp[c];
+                }
+                if (hourQh > zr.peakHeating) {
+                    zr.peakHeating = hourQh;
+                    zr.peakHeatingHour = hi;
+                    zr.peakHeatingComponents = heatComp;
+                }
+                if (hourQc > zr.peakCooling) {
+                    zr.peakCooling = hourQc;
+                    zr.peakCoolingHour = hi;
+                    zr.peakCoolingComponents = coolComp;
+                }
+                if (hourT > zr.maxTemperature)
+                    zr.maxTemperature = hourT, zr.maxTemperatureHour = hi;
+                if (hourT < zr.minTemperature)
+                    zr.minTemperature = hourT, zr.minTemperatureHour = hi;
+                tempSum[z] += hourT;
+                ++tempCount[z];
+                monthTempSum[z][month] += hourT;
+                ++monthHours[z][month];
+                zr.monthlyMaxTemperature[month] = std::max(zr.monthlyMaxTemperature[month], hourT);
+                zr.monthlyMinTemperature[month] = std::min(zr.monthlyMinTemperature[month], hourT);
+                if (hourT < opt.comfortLower) {
+                    ++zr.hoursBelow;
+                    ++zr.monthlyHoursBelow[month];
+                } else if (hourT > opt.comfortUpper) {
+                    ++zr.hoursAbove;
+                    ++zr.monthlyHoursAbove[month];
+                } else {
+                    ++zr.hoursWithin;
+                    ++zr.monthlyHoursWithin[month];
+                }
+            }
+        }
+    };
+
+    const int begin = std::clamp(opt.beginDay, 1, 365) - 1;
+    const int end = std::clamp(opt.endDay, opt.beginDay, 365) - 1;
+    // Warm-up: the first days of the period, repeated until the air
+    // temperatures at the end of two passes agree within 0.01 K.
+    const int warmDays = std::min(opt.warmupDays, end - begin + 1);
+    if (warmDays > 0) {
+        std::vector<double> last(zs.size(), 1e9);
+        for (int pass = 0; pass < 8; ++pass) {
+            for (int d = begin; d < begin + warmDays; ++d) runDay(d, false);
+            double change = 0;
+            for (std::size_t z = 0; z < zs.size(); ++z) {
+                change = std::max(change, std::abs(zs[z].tAir - last[z]));
+                last[z] = zs[z].tAir;
+            }
+            if (change < 0.01) break;
+        }
+    }
+    for (int d = begin; d <= end; ++d) runDay(d, true);
+    res.hoursSimulated = (end - begin + 1) * 24;
+    for (std::size_t z = 0; z < zs.size(); ++z) {
+        ZoneResults& zr = res.zones[z];
+        zr.meanTemperature = tempCount[z] ? tempSum[z] / tempCount[z] : 0;
+        for (int m = 0; m < 12; ++m) {
+            zr.monthlyMeanTemperature[m] =
+                monthHours[z][m] ? monthTempSum[z][m] / monthHours[z][m] : 0.0;
+            if (!monthHours[z][m]) zr.monthlyMaxTemperature[m] = zr.monthlyMinTemperature[m] = 0;
+        }
+    }
+    return res;
+}
+
+}  // namespace solvane::engine
