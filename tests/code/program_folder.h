@@ -1,0 +1,62 @@
+// A throw-away program folder for tests: a copy of the repository's data
+// folders under the system temp folder, removed again at the end.
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <string>
+
+#include "core/program_paths.h"
+
+namespace solvane::testing {
+
+class ProgramFolder {
+  public:
+    ProgramFolder() {
+        std::random_device rd;
+        dir_ = std::filesystem::temp_directory_path() /
+               ("solvane_code_" + std::to_string(rd()) + std::to_string(rd()));
+        std::filesystem::create_directories(dir_);
+        std::filesystem::copy(std::filesystem::path(SOLVANE_SOURCE_DIR) / "data", dir_,
+                              std::filesystem::copy_options::recursive);
+        std::filesystem::create_directories(dir_ / "temp");
+        paths_ = ProgramPaths(dir_);
+    }
+    ~ProgramFolder() {
+        std::error_code ec;
+        std::filesystem::remove_all(dir_, ec);
+    }
+    ProgramFolder(const ProgramFolder&) = delete;
+    ProgramFolder& operator=(const ProgramFolder&) = delete;
+
+    const ProgramPaths& Paths() const { return paths_; }
+    const std::filesystem::path& Dir() const { return dir_; }
+    // Replaces a data file with the given text.
+    void Write(const std::string& relative, const std::string& text) const {
+        std::ofstream out(paths_.Resolve(relative), std::ios::binary);
+        out << text;
+    }
+
+  private:
+    std::filesystem::path dir_;
+    ProgramPaths paths_;
+};
+
+// Splits one CSV line; quoted fields may hold commas.
+inline std::vector<std::string> SplitCsv(const std::string& line) {
+    std::vector<std::string> out(1);
+    bool quoted = false;
+    for (char c : line) {
+        if (c == '"') {
+            quoted = !quoted;
+        } else if (c == ',' && !quoted) {
+            out.emplace_back();
+        } else if (c != '\r') {
+            out.back() += c;
+        }
+    }
+    return out;
+}
+
+}  // namespace solvane::testing
