@@ -2,6 +2,7 @@
 // other unit system with every dimensional value converted on its way out.
 
 #include <algorithm>
+#include <cmath>
 
 #include "core/numeric_helpers.h"
 #include "core/text_file.h"
@@ -228,7 +229,11 @@ std::string BodyWriter::ConvertWeatherRow(int row) const {
                 c = v * (si ? uf::WindIpToSi : uf::WindSiToIp);
                 break;
         }
-        line += FormatField(NumText(RoundOneDecimal(c)), "@@@@@@");
+        // Daily solar in SI runs to five digits, which with a decimal would
+        // fill the six columns of the field and run into the next month's;
+        // it is kept to whole units, as the location screen shows it.
+        const double rounded = (row == 10 && si) ? std::trunc(c + 0.5) : RoundOneDecimal(c);
+        line += FormatField(NumText(rounded), "@@@@@@");
     }
     return line;
 }
