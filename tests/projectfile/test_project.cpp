@@ -83,7 +83,7 @@ void SetSurface(ProjectModel& m, int z, int s, int wallId, float area, int orien
     sf.SurfGroundRefl[z][s] = 0.2f;
 }
 
-struct ZoneSpec {
+struct ZoneRow {
     const char* number;
     const char* name;
     const char* area;
@@ -92,20 +92,18 @@ struct ZoneSpec {
     const char* daylight;
 };
 
-void SetZone(ProjectModel& m, int z, const ZoneSpec& spec) {
+void SetZone(ProjectModel& m, int z, const ZoneRow& row) {
     auto& d = m.zones.ZoneData[z];
-    const char* fields[31] = {"",          spec.number, spec.name, spec.area, "40",
-                              spec.people, "1",         "1",       "1",       spec.outdoorAir,
-                              "",          "3",         "1.5",     ".82",     "1",
-                              "1.5",       "1",         "1",       "1",       "1",
-                              "4",         "1",         ".1",      ".25",     "15",
-                              "50",        "1.5",       "13",      "3.2",     "12000",
-                              "500"};
+    const char* fields[31] = {
+        "",   row.number, row.name, row.area, "40", row.people, "1",   "1",  "1",   row.outdoorAir,
+        "",   "3",        "1.5",    ".82",    "1",  "1.5",      "1",   "1",  "1",   "1",
+        "4",  "1",        ".1",     ".25",    "15", "50",       "1.5", "13", "3.2", "12000",
+        "500"};
     for (int f = 1; f <= 30; ++f) d[f] = fields[f];
-    m.zones.ZoneNumber[z] = spec.number;
-    m.zones.ZoneName[z] = spec.name;
+    m.zones.ZoneNumber[z] = row.number;
+    m.zones.ZoneName[z] = row.name;
     m.zones.ZoneNatVent[z] = "No";
-    m.zones.ZoneDaylight[z] = spec.daylight;
+    m.zones.ZoneDaylight[z] = row.daylight;
     m.zones.ZoneEconCycle[z] = "Yes";
 }
 
