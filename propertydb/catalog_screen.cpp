@@ -144,7 +144,7 @@ void CatalogController::ToCatalog(int lastRow) {
     }
 }
 
-bool CatalogController::Reload() {
+bool CatalogController::ReloadEnvelopeDefaults() {
     const std::string k = kind_ == 1 ? "Wall & Roof" : "Windows & Skylights";
     if (prompt_.Ask(
             "ALERT!  This action will reload the " + k +

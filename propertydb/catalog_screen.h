@@ -25,8 +25,8 @@ class CatalogController {
     void Edit(const std::string& column, int row, const std::string& text);
     // `envscroll`: the first catalog row shown is `top` + 1.
     void Scroll(int top);
-    // Reload from the climate file (`ReloadEnvelopeDefaults`); false on Cancel.
-    bool Reload();
+    // Reload: the warning, then the rows again from the climate file; false on Cancel.
+    bool ReloadEnvelopeDefaults();
     Navigation Ok();
     Navigation Cancel();
     // The help file and its title.

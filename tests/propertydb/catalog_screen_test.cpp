@@ -49,7 +49,7 @@ TEST_F(CatalogFixture, CancelAfterReloadKeepsTheRowsShownBeforeIt) {
     CatalogController c(session, prompt);
     ASSERT_TRUE(c.Open(1));
     c.Edit("UF", 6, "  .111");
-    ASSERT_TRUE(c.Reload());  // scripted OK
+    ASSERT_TRUE(c.ReloadEnvelopeDefaults());  // scripted OK
     EXPECT_NE(c.fields.At("UF", 6).text, "  .111");
     c.Cancel();
     EXPECT_EQ(session.model.walls.WallUFactor[6], "  .111");
@@ -62,7 +62,7 @@ TEST_F(CatalogFixture, ReloadCancelledChangesNothing) {
     ASSERT_TRUE(c.Open(1));
     c.Edit("Des", 2, "my roof");
     prompt.Queue(Answer::Cancel);
-    EXPECT_FALSE(c.Reload());
+    EXPECT_FALSE(c.ReloadEnvelopeDefaults());
     EXPECT_EQ(c.fields.At("Des", 2).text, "my roof");
     EXPECT_EQ(session.model.flags.CatalogReload[1], 0);
 }

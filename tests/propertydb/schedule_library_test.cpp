@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <fstream>
+
 #include "core/item_reader.h"
 #include "tests/propertydb/program_folder.h"
 
@@ -42,6 +45,44 @@ TEST(ScheduleLibrary, TwelveGroupsOfSevenTypesAndThreeDays) {
             }
     // Office weekdays at noon: the prototype's occupied cooling set point.
     EXPECT_EQ(m.library.LibraryProfileValue[kCoolStat][1][1][12], 75);
+}
+
+// Every library value against the prototype schedule it was made from:
+// fractions as whole percentages, set points in whole degrees F.
+TEST(ScheduleLibrary, ValuesFollowThePrototypeSchedules) {
+    testing::ProgramFolder folder;
+    ProjectModel m;
+    m.session.Units = 1;
+    LoadScheduleLibrary(m, folder.Paths());
+    std::ifstream in(std::string(SOLVANE_SOURCE_DIR) +
+                     "/tests/fixtures/standards/schedules_published.csv");
+    int rows = 0;
+    bool header = true;
+    bool seen[kProfileTypes + 1][kProfileGroups + 1][kDayTypes + 1] = {};
+    for (std::string line; std::getline(in, line);) {
+        if (line.empty() || line[0] == '#') continue;
+        if (header) {
+            header = false;
+            continue;
+        }
+        const auto c = testing::SplitCsv(line);
+        ASSERT_EQ(c.size(), 31u);
+        const int g = std::stoi(c[0]), t = std::stoi(c[1]), d = std::stoi(c[2]);
+        seen[t][g][d] = true;
+        for (int h = 1; h <= 24; ++h) {
+            const double v = std::stod(c[6 + h]);
+            const double expected = t <= kFans ? std::nearbyint(v * 100) : std::floor(v + 0.5);
+            EXPECT_EQ(m.library.LibraryProfileValue[t][g][d][h], expected)
+                << c[5] << " " << c[3] << " day " << d << " hour " << h;
+        }
+        ++rows;
+    }
+    // All but the residential group's fans, which the prototype does not schedule.
+    EXPECT_EQ(rows, kProfileTypes * kProfileGroups * kDayTypes - 3);
+    for (int d = 1; d <= kDayTypes; ++d) {
+        EXPECT_FALSE(seen[kFans][9][d]);
+        EXPECT_EQ(m.library.LibraryProfileValue[kFans][9][d][3], 100);
+    }
 }
 
 TEST(ScheduleLibrary, ThermostatsInSiAndProjectEntriesKept) {
