@@ -6,7 +6,7 @@
 
 #include "core/item_reader.h"
 #include "propertydb/envelope_defaults.h"
-#include "tests/code/program_folder.h"
+#include "tests/propertydb/program_folder.h"
 
 namespace solvane {
 namespace {

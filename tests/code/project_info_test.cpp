@@ -4,7 +4,7 @@
 
 #include "code/building_types.h"
 #include "core/numeric_helpers.h"
-#include "tests/code/program_folder.h"
+#include "tests/propertydb/program_folder.h"
 #include "ui/scripted_prompt.h"
 
 namespace solvane {

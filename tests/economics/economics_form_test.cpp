@@ -4,7 +4,7 @@
 
 #include "core/item_reader.h"
 #include "core/numeric_helpers.h"
-#include "tests/economics/program_folder.h"
+#include "tests/propertydb/program_folder.h"
 #include "ui/scripted_prompt.h"
 
 namespace solvane {

@@ -1,5 +1,6 @@
 // A throw-away program folder for tests: a copy of the repository's data
-// folders under the system temp folder, removed again at the end.
+// folders under the system temp folder, removed again at the end. Shared by
+// the code, property database and economics tests.
 #pragma once
 
 #include <filesystem>
@@ -16,7 +17,7 @@ class ProgramFolder {
     ProgramFolder() {
         std::random_device rd;
         dir_ = std::filesystem::temp_directory_path() /
-               ("solvane_pd_" + std::to_string(rd()) + std::to_string(rd()));
+               ("solvane_data_" + std::to_string(rd()) + std::to_string(rd()));
         std::filesystem::create_directories(dir_);
         std::filesystem::copy(std::filesystem::path(SOLVANE_SOURCE_DIR) / "data", dir_,
                               std::filesystem::copy_options::recursive);
