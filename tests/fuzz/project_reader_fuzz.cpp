@@ -1,0 +1,59 @@
+// libFuzzer target for the project file reader. Each input is read as a
+// project file into a fresh session; a file that reads is then written back
+// in its own units and in both others, and its design temperatures are
+// computed, so that the writers see whatever the reader can produce.
+
+#include <stdlib.h>
+#include <unistd.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "core/line_writer.h"
+#include "core/session.h"
+#include "core/text_file.h"
+#include "projectfile/design_temps.h"
+#include "projectfile/file_dialogs.h"
+#include "projectfile/project_file.h"
+#include "ui/scripted_prompt.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// A program folder of the fuzzer's own for the staging and matrix files.
+const fs::path& ProgramFolder() {
+    static const fs::path root = [] {
+        std::string pattern = (fs::temp_directory_path() / "solvane_fuzz_XXXXXX").string();
+        const char* made = mkdtemp(pattern.data());
+        const fs::path p = made ? fs::path(made) : fs::temp_directory_path() / "solvane_fuzz";
+        fs::create_directories(p / "temp");
+        fs::create_directories(p / "sketch");
+        return p;
+    }();
+    return root;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace solvane;
+    auto session = std::make_unique<Session>();
+    session->paths = ProgramPaths(ProgramFolder());
+    ScriptedPrompt prompt;
+    ProjectFileHooks hooks;
+    hooks.buildingTypeOccupancy = [](Session&, int type) { return type % 7 == 0 ? 0.0 : 5.0; };
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    if (ReadProjectFile(*session, prompt, text, "fuzz.inp", hooks) == ReadStatus::Read) {
+        LineWriter own, si, ip;
+        ComputeDesignTemps(session->model.climate, session->model.session.Units);
+        WriteProjectFileToSI(*session, si);
+        WriteProjectFileToIP(*session, ip);
+        WriteProjectFile(*session, own);
+    }
+    DeleteStagedZones(session->paths);
+    return 0;
+}
