@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "core/numeric_helpers.h"
 #include "core/text_file.h"
 #include "propertydb/envelope_defaults.h"
@@ -36,6 +38,45 @@ TEST(HvacCatalog, RealFilesHoldFifteenSystemsNamedAsTheReportPrintsThem) {
     EXPECT_EQ(m.hvac.HvacCatalog[2].HTCOP, " .89");
     EXPECT_EQ(HvacEfficiencyFile(3), "\\codes/HVAC-Eff-gb.txt");
     EXPECT_EQ(HvacEfficiencyFile(1), "\\codes/HVAC-Eff-90.txt");
+}
+
+// The ratings of both efficiency files against the published minimum each
+// system stands for.
+TEST(HvacCatalog, RatingsFollowThePublishedMinima) {
+    testing::ProgramFolder folder;
+    ProjectModel ninety, green;
+    ninety.session.CodeNum = 2;
+    green.session.CodeNum = 3;
+    LoadHvacCatalog(ninety, folder.Paths());
+    LoadHvacCatalog(green, folder.Paths());
+    std::ifstream in(std::string(SOLVANE_SOURCE_DIR) +
+                     "/tests/fixtures/standards/hvac_published.csv");
+    int checked = 0;
+    bool header = true;
+    for (std::string line; std::getline(in, line);) {
+        if (line.empty() || line[0] == '#') continue;
+        if (header) {
+            header = false;
+            continue;
+        }
+        const auto c = testing::SplitCsv(line);
+        const int system = std::stoi(c[0]);
+        const double a = std::stod(c[4]);
+        double expected = a;
+        if (c[3] == "kw_per_ton") expected = 12 / a;
+        if (c[3] == "ptac") expected = a - std::stod(c[5]) * 12;
+        if (c[3] == "hspf") expected = a / 3.412;
+        for (const ProjectModel* m : {&ninety, &green}) {
+            const bool isGreen = m == &green;
+            if ((c[2] == "90" && isGreen) || (c[2] == "gb" && !isGreen)) continue;
+            const HvacRow& r = m->hvac.HvacCatalog[system];
+            const std::string& text = c[1] == "seer" ? r.seer : r.HTCOP;
+            EXPECT_NEAR(NumVal(text), expected, 0.005) << c[6] << (isGreen ? " (gb)" : " (90)");
+            if (c[1] == "seer") EXPECT_NEAR(NumVal(r.cop), expected / 3.412, 0.005) << c[6];
+            ++checked;
+        }
+    }
+    EXPECT_EQ(checked, 48);
 }
 
 struct ApplyFixture : ::testing::Test {
