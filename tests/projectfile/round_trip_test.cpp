@@ -80,12 +80,12 @@ TEST_F(RoundTripTest, FileHasTheFixedLayout) {
     EXPECT_EQ(LineAt(f, profiles),
               "PROFILES    1a  2a  3a  4a  5a  6a  7a  8a  9a 10a 11a 12N  1p  2p  3p  4p  5p  "
               "6p  7p  8p  9p 10p 11p 12M");
-    EXPECT_EQ(LineAt(f, profiles + 1), "Occupancy Profiles (percent of peak)");
+    EXPECT_EQ(LineAt(f, profiles + 1), "Occupancy (% of peak occupants)");
     EXPECT_EQ(LineAt(f, profiles + 2), "1  \"Office\"");
     EXPECT_EQ(LineAt(f, profiles + 3),
               "\"M-F\"        5   5   5   5   5   5   5   5  91  91  91  91  91  91  91  91  91  "
               "91   5   5   5   5   5   5");
-    EXPECT_EQ(LineAt(f, profiles + 6), "4  \"Hospital\"");
+    EXPECT_EQ(LineAt(f, profiles + 6), "4  \"Hospital / 24-hour care\"");
     EXPECT_EQ(LineAt(f, profiles + 10), "99");
 
     const int zones = FindLine(f, "ZONES");

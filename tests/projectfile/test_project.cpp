@@ -24,16 +24,25 @@ ProgramFolder::~ProgramFolder() {
 }
 
 void FillLibraryTitles(ProjectModel& m) {
-    const char* titles[] = {"Occupancy Profiles (percent of peak)",
-                            "Hot Water Profiles (percent of peak)",
-                            "Lighting Profiles (percent of peak)",
-                            "Receptacle Profiles (percent of peak)",
-                            "Fan / Ventilation Profiles (on = 1)",
-                            "Summer Thermostat Profiles",
-                            "Winter Thermostat Profiles"};
+    // As \profiles\Schedules-Solv2020.txt gives them.
+    const char* titles[] = {
+        "Occupancy (% of peak occupants)",      "Hot Water (% of peak flow)",
+        "Lights (% of installed power)",        "Receptacles (% of installed power)",
+        "Fans / Ventilation (% of hours on)",   "Summer Thermostat (cooling set point)",
+        "Winter Thermostat (heating set point)"};
     for (int t = 1; t <= 7; ++t) m.profiles.ProfileTypeTitle[t] = titles[t - 1];
-    const char* groups[] = {"Office",    "Retail",    "School", "Hospital", "Hotel",  "Restaurant",
-                            "Warehouse", "Residence", "Church", "Assembly", "Health", "24 Hour"};
+    const char* groups[] = {"Office",
+                            "Retail",
+                            "School",
+                            "Hospital / 24-hour care",
+                            "Hotel / motel",
+                            "Full-service restaurant",
+                            "Quick-service restaurant",
+                            "Warehouse / industrial",
+                            "Residential",
+                            "Assembly",
+                            "Health clinic",
+                            "Supermarket"};
     for (int g = 1; g <= 12; ++g) m.profiles.ProfileGroupName[g] = groups[g - 1];
 }
 
@@ -251,7 +260,7 @@ void BuildOfficeProject(Session& session) {
                 else if (t == kHeatStat)
                     hours = Day(60, k == 1 ? 70 : 60, 7, 18);
                 else if (t == kFans)
-                    hours = Day(0, k == 3 ? 0 : 1, 7, 18);
+                    hours = Day(0, k == 3 ? 0 : 100, 7, 18);
                 else
                     hours = Day(k == 1 ? 5 : 0, k == 1 ? 90 + grp : 10 * grp);
                 table.Profile[grp][k] = Profile(hours);

@@ -81,12 +81,12 @@ TEST_F(UnitConversionTest, CatalogsProfilesZonesAndSurfacesToSi) {
 
     // Thermostats: (76 - 32) / 1.8 = 24.4, (85 - 32) / 1.8 = 29.4 under "@@@@";
     // other profiles are copied.
-    const int cool = FindLine(f, "Summer Thermostat Profiles");
+    const int cool = FindLine(f, "Summer Thermostat (cooling set point)");
     EXPECT_EQ(LineAt(f, cool + 2).substr(10, 8), "29.429.4");
     EXPECT_EQ(LineAt(f, cool + 2).substr(10 + 4 * 8, 4), "24.4");
-    const int heat = FindLine(f, "Winter Thermostat Profiles");
+    const int heat = FindLine(f, "Winter Thermostat (heating set point)");
     EXPECT_EQ(LineAt(f, heat + 2).substr(10, 4), "15.6");  // 60 F
-    const int occ = FindLine(f, "Occupancy Profiles (percent of peak)");
+    const int occ = FindLine(f, "Occupancy (% of peak occupants)");
     EXPECT_EQ(LineAt(f, occ + 2).substr(10, 8), "   5   5");
 
     const int z = FindLine(f, "ZONES");
