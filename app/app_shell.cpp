@@ -7,11 +7,15 @@
 #include "app/mainform.h"
 #include "app/mainmenu.h"
 #include "app/warning.h"
+#include "app/weather.h"
 
 namespace solvane {
 
 AppShell::AppShell(ProgramPaths paths, Prompt& prompt) : prompt_(prompt) {
     session_.paths = std::move(paths);
+    startupHooks_.loadClimateIndex = [this](Session& s) {
+        return LoadLocationCounts(s.paths, climateIndex_);
+    };
     auto navigate = [this](const Navigation& nav) { Navigate(nav); };
     mainformController_ =
         std::make_unique<MainFormController>(session_, prompt_, startupHooks_.loadScheduleLibrary);
@@ -27,10 +31,21 @@ AppShell::AppShell(ProgramPaths paths, Prompt& prompt) : prompt_(prompt) {
     sampleController_ =
         std::make_unique<SampleFileFormController>(session_, prompt_, projectFileHooks_);
     saveController_ = std::make_unique<SaveInputFormController>(session_, prompt_);
+    weatherController_ =
+        std::make_unique<WeatherScreen>(session_.model, session_.paths, prompt_, climateIndex_);
     mainform_ = std::make_unique<MainFormScreen>(session_, *mainformController_, navigate);
     mainmenu_ = std::make_unique<MainMenuScreen>(session_, *mainmenuController_, navigate);
     warning_ =
         std::make_unique<WarningScreen>(session_, *warningController_, navigate, mainmenu_.get());
+    oldFileForm_ =
+        std::make_unique<OldFileFormScreen>(*oldFileController_, navigate, mainmenu_.get());
+    sampleFileForm_ =
+        std::make_unique<SampleFileFormScreen>(*sampleController_, navigate, mainmenu_.get());
+    saveInputForm_ = std::make_unique<SaveInputFormScreen>(session_, *saveController_, navigate,
+                                                           mainmenu_.get());
+    weather_ = std::make_unique<WeatherDataScreen>(*weatherController_, navigate, mainmenu_.get());
+    session_.availableScreens.insert(
+        {Screen::OldFileForm, Screen::SampleFileForm, Screen::SaveInputForm, Screen::Weather});
 }
 
 AppShell::~AppShell() = default;
@@ -88,6 +103,9 @@ void AppShell::Navigate(const Navigation& nav) {
             saveInputForm_->Open(folder);
             break;
         }
+        case Screen::Weather:
+            weather_->OpenTask();
+            break;
         case Screen::Warning:
             warning_->Refresh();
             warning_->show();

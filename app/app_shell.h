@@ -10,6 +10,8 @@
 #include "core/main_menu.h"
 #include "core/startup.h"
 #include "projectfile/file_dialogs.h"
+#include "weather/climate_database.h"
+#include "weather/weather_screen.h"
 
 namespace solvane {
 
@@ -19,6 +21,7 @@ class WarningScreen;
 class OldFileFormScreen;
 class SampleFileFormScreen;
 class SaveInputFormScreen;
+class WeatherDataScreen;
 
 class AppShell : public QObject {
     Q_OBJECT
@@ -39,6 +42,7 @@ class AppShell : public QObject {
     OldFileFormScreen* oldFileForm() { return oldFileForm_.get(); }
     SampleFileFormScreen* sampleFileForm() { return sampleFileForm_.get(); }
     SaveInputFormScreen* saveInputForm() { return saveInputForm_.get(); }
+    WeatherDataScreen* weather() { return weather_.get(); }
     bool ended() const { return ended_; }
 
   signals:
@@ -47,6 +51,7 @@ class AppShell : public QObject {
   private:
     Session session_;
     Prompt& prompt_;
+    ClimateIndex climateIndex_;
     StartupHooks startupHooks_;
     ProjectFileHooks projectFileHooks_;
     std::unique_ptr<MainFormController> mainformController_;
@@ -55,12 +60,14 @@ class AppShell : public QObject {
     std::unique_ptr<OldFileFormController> oldFileController_;
     std::unique_ptr<SampleFileFormController> sampleController_;
     std::unique_ptr<SaveInputFormController> saveController_;
+    std::unique_ptr<WeatherScreen> weatherController_;
     std::unique_ptr<MainFormScreen> mainform_;
     std::unique_ptr<MainMenuScreen> mainmenu_;
     std::unique_ptr<WarningScreen> warning_;
     std::unique_ptr<OldFileFormScreen> oldFileForm_;
     std::unique_ptr<SampleFileFormScreen> sampleFileForm_;
     std::unique_ptr<SaveInputFormScreen> saveInputForm_;
+    std::unique_ptr<WeatherDataScreen> weather_;
     bool hubBegun_ = false;
     bool ended_ = false;
 };

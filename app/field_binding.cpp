@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QRadioButton>
 #include <QWidget>
@@ -29,6 +30,11 @@ void ApplyToWidget(QWidget* w, const FieldState& f) {
     }
     if (auto* radio = qobject_cast<QRadioButton*>(w)) {
         radio->setChecked(f.value != 0);
+        return;
+    }
+    if (auto* edit = qobject_cast<QLineEdit*>(w)) {
+        const QString text = QString::fromStdString(f.text);
+        if (edit->text() != text) edit->setText(text);
         return;
     }
     if (f.text.empty()) return;

@@ -5,6 +5,7 @@
 #include "core/program_paths.h"
 #include "core/startup.h"
 #include "ui/scripted_prompt.h"
+#include "weather/climate_database.h"
 
 namespace solvane::cli {
 
@@ -66,7 +67,10 @@ int RunCheck(const Options& options, const std::string& executable, std::ostream
     env.year = t->tm_year + 1900;
     env.month = t->tm_mon + 1;
     env.day = t->tm_mday;
-    StartUp(session, prompt, env, {});
+    ClimateIndex climate;
+    StartupHooks hooks;
+    hooks.loadClimateIndex = [&](Session& s) { return LoadLocationCounts(s.paths, climate); };
+    StartUp(session, prompt, env, hooks);
     out << "Program folder: " << session.paths.ProgramDir().string() << "\n";
     out << session.mainform.Text("Label8") << "\n";
     out << session.mainmenu.Text("Label8") << "\n";

@@ -5,7 +5,9 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QRadioButton>
 #include <QTest>
@@ -16,6 +18,7 @@
 #include "app/mainform.h"
 #include "app/mainmenu.h"
 #include "app/warning.h"
+#include "app/weather.h"
 #include "ui/scripted_prompt.h"
 
 namespace fs = std::filesystem;
@@ -45,6 +48,17 @@ class AppShellTest : public ::testing::Test {
         T* w = screen->findChild<T*>(name);
         EXPECT_NE(w, nullptr) << name;
         return w;
+    }
+
+    void Begin(const char* units) {
+        prompt_.Queue(Answer::No);
+        Find<QRadioButton>(shell_->mainform(), units)->click();
+        Find<QAbstractButton>(shell_->mainform(), "continue")->click();
+    }
+    // Saves a picture of a screen when SOLVANE_SCREENSHOTS names a folder.
+    static void Snapshot(QWidget* screen, const char* name) {
+        if (const char* dir = std::getenv("SOLVANE_SCREENSHOTS"))
+            screen->grab().save(QString("%1/%2.png").arg(dir, name));
     }
 
     fs::path root_;
@@ -108,6 +122,35 @@ TEST_F(AppShellTest, ProgramEndsOnlyFromTheFileMenu) {
     Find<QAbstractButton>(warning, "Command1")->click();
     EXPECT_TRUE(shell_->ended());
     EXPECT_FALSE(shell_->mainmenu()->isVisible());
+}
+
+TEST_F(AppShellTest, WeatherScreenShowsAStationAndOkSetsTheLocation) {
+    Begin("unitnum_2");
+    EXPECT_NE(shell_->session().CityCount, 0);
+    Snapshot(shell_->mainmenu(), "mainmenu");
+    Find<QAbstractButton>(shell_->mainmenu(), "weatherdata")->click();
+    QWidget* weather = shell_->weather();
+    ASSERT_TRUE(weather->isVisible());
+    EXPECT_FALSE(shell_->mainmenu()->isVisible());
+    EXPECT_EQ(Find<QLineEdit>(weather, "citytext")->text(), "Albertville Muni AP");
+    EXPECT_GT(Find<QComboBox>(weather, "Combo1")->count(), 40);
+    EXPECT_GT(Find<QComboBox>(weather, "Combo3")->count(), 1);
+    EXPECT_FALSE(Find<QLineEdit>(weather, "dbave_1")->text().isEmpty());
+    EXPECT_EQ(Find<QLabel>(weather, "unt_1")->text(), "Deg. C");
+
+    // Another region: its first state and city come up.
+    Find<QRadioButton>(weather, "Option1_1")->click();
+    EXPECT_EQ(Find<QLineEdit>(weather, "citytext")->text(), "Abee AgDM");
+    Snapshot(weather, "weather");
+
+    Find<QAbstractButton>(weather, "OK")->click();
+    EXPECT_FALSE(weather->isVisible());
+    EXPECT_TRUE(shell_->mainmenu()->isVisible());
+    const ProjectModel& m = shell_->session().model;
+    EXPECT_EQ(m.ProjectData[kLocation].rfind("Abee AgDM, Alberta", 0), 0u)
+        << m.ProjectData[kLocation];
+    EXPECT_FALSE(m.climate.WeatherData[4].empty());
+    EXPECT_EQ(m.flags.TaskDone[2], 1);
 }
 
 }  // namespace

@@ -1,0 +1,35 @@
+#include "app/field_edits.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+
+namespace solvane {
+
+FieldEdits::FieldEdits(ScreenFields& fields, KeyRule rule, QObject* parent)
+    : QObject(parent), fields_(fields), rule_(std::move(rule)) {}
+
+void FieldEdits::Bind(QLineEdit* edit) {
+    edit->installEventFilter(this);
+    connect(edit, &QLineEdit::textEdited, this, [this, edit](const QString& text) {
+        fields_[edit->objectName().toStdString()].text = text.toStdString();
+    });
+}
+
+bool FieldEdits::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress || !rule_) return false;
+    auto* edit = qobject_cast<QLineEdit*>(watched);
+    auto* key = static_cast<QKeyEvent*>(event);
+    const QString typed = key->text();
+    if (!edit || typed.size() != 1) return false;
+    const QChar c = typed.at(0);
+    // Editing keys (backspace is 8) go through the rule as well.
+    const int code = c.unicode();
+    const int answer = rule_(edit->objectName().toStdString(), code);
+    if (answer == 0) return true;
+    if (answer == code) return false;
+    edit->insert(QString(QChar(answer)));
+    emit edit->textEdited(edit->text());
+    return true;
+}
+
+}  // namespace solvane
