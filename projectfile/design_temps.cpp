@@ -1,5 +1,6 @@
 #include "projectfile/design_temps.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/numeric_helpers.h"
@@ -34,10 +35,12 @@ double Enthalpy(double t, double w) {
 
 WeatherMonths SplitWeatherRows(const ClimateState& climate, int units) {
     WeatherMonths months;
-    months.SiteElevationFt = static_cast<float>(NumVal(cuts::Right(climate.WeatherData[2], 6)));
+    // Six characters hold at most six digits; an exponent form is held to that.
+    const double elevation =
+        std::clamp(NumVal(cuts::Right(climate.WeatherData[2], 6)), -999999.0, 999999.0);
+    months.SiteElevationFt = static_cast<float>(elevation);
     if (units == 2)
-        months.SiteElevationFt =
-            static_cast<float>(UnitFactor::ElevationMetresToFeet(months.SiteElevationFt));
+        months.SiteElevationFt = static_cast<float>(UnitFactor::ElevationMetresToFeet(elevation));
 
     TextTable<12>* rows[8] = {&months.MonthDBAve,    &months.MonthDBAveStd, &months.MonthDBMax,
                               &months.MonthDBMaxStd, &months.MonthDPAve,    &months.MonthDPStd,

@@ -189,7 +189,8 @@ void BodyWriter::WriteClimate() {
         // The elevation is the last six characters of the station line.
         const std::string& station = wd[2];
         const std::size_t keep = station.size() > 6 ? station.size() - 6 : 0;
-        const double elevation = NumVal(cuts::Right(station, 6));
+        // Six characters hold at most six digits; an exponent form is held to that.
+        const double elevation = std::clamp(NumVal(cuts::Right(station, 6)), -999999.0, 999999.0);
         const long converted = target_ == Target::ToSI ? uf::ElevationFeetToMetres(elevation)
                                                        : uf::ElevationMetresToFeet(elevation);
         out_.Text(cuts::Left(station, keep))

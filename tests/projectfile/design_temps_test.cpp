@@ -117,6 +117,14 @@ TEST(DesignTempsTest, SeaLevelPressureAndBlankMonths) {
     EXPECT_EQ(ComputeDesignTemps(c, 1)[3], "0");
 }
 
+TEST(DesignTempsTest, AnExponentInTheElevationFieldIsHeldToItsSixDigits) {
+    ClimateState c = Miami();
+    c.WeatherData[2].replace(c.WeatherData[2].size() - 6, 6, "1E3000");
+    EXPECT_FLOAT_EQ(SplitWeatherRows(c, 1).SiteElevationFt, 999999);
+    EXPECT_FLOAT_EQ(SplitWeatherRows(c, 2).SiteElevationFt, 3280836);  // x 3.28084, truncated
+    EXPECT_FALSE(ComputeDesignTemps(c, 2)[1].empty());
+}
+
 TEST(DesignTempsTest, WhenTheyAreNeeded) {
     ProjectModel m;
     m.climate.DesTempsPresent = 0;
