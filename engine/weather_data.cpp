@@ -17,7 +17,7 @@ int MonthOfDay(int dayOfYear) {
 double EstimateHorizontalInfrared(double dryBulbC, double dewPointC, double opaqueSkyTenths) {
     constexpr double sigma = 5.6697e-8;
     const double tk = dryBulbC + 273.15;
-    const double n = std::clamp(opaqueSkyTenths, 0.0, 10.0) / 10.0;
+    const double n = std::clamp(opaqueSkyTenths, 0.0, 10.0);  // tenths
     const double clear = 0.787 + 0.764 * std::log((dewPointC + 273.15) / 273.0);
     const double emissivity =
         std::clamp(clear * (1.0 + 0.0224 * n - 0.0035 * n * n + 0.00028 * n * n * n), 0.0, 1.0);
