@@ -15,18 +15,8 @@ std::string NumberItem(ItemReader& in) {
     return StrForm(static_cast<float>(in.NextNumber()));
 }
 
-}  // namespace
-
-std::string HvacEfficiencyFile(int codeNum) {
-    return codeNum == 3 ? "\\codes/HVAC-Eff-gb.txt" : "\\codes/HVAC-Eff-90.txt";
-}
-
-HvacRow ReadHvacRecord(const ProgramPaths& paths, int codeNum, int system) {
-    const auto path = paths.Resolve(HvacEfficiencyFile(codeNum));
-    auto content = ReadTextFile(path);
-    if (!content) throw ReadError(path.string(), 0, "File not found");
-    ItemReader in(std::move(*content), path.string());
-    for (int i = 0; i < system + 2; ++i) in.NextLine();
+// One system record: texts as written, numbers in text form.
+HvacRow ReadRecord(ItemReader& in) {
     HvacRow r;
     r.id = StrForm(in.NextInt());
     r.Des = in.NextText();
@@ -46,30 +36,29 @@ HvacRow ReadHvacRecord(const ProgramPaths& paths, int codeNum, int system) {
     return r;
 }
 
-void LoadHvacCatalog(ProjectModel& model, const ProgramPaths& paths) {
-    const auto path = paths.Resolve(HvacEfficiencyFile(model.session.CodeNum));
+ItemReader OpenHvacFile(const ProgramPaths& paths, int codeNum) {
+    const auto path = paths.Resolve(HvacEfficiencyFile(codeNum));
     auto content = ReadTextFile(path);
     if (!content) throw ReadError(path.string(), 0, "File not found");
-    ItemReader in(std::move(*content), path.string());
+    return ItemReader(std::move(*content), path.string());
+}
+
+}  // namespace
+
+std::string HvacEfficiencyFile(int codeNum) {
+    return codeNum == 3 ? "\\codes/HVAC-Eff-gb.txt" : "\\codes/HVAC-Eff-90.txt";
+}
+
+HvacRow ReadHvacRecord(const ProgramPaths& paths, int codeNum, int system) {
+    ItemReader in = OpenHvacFile(paths, codeNum);
+    for (int i = 0; i < system + 2; ++i) in.NextLine();
+    return ReadRecord(in);
+}
+
+void LoadHvacCatalog(ProjectModel& model, const ProgramPaths& paths) {
+    ItemReader in = OpenHvacFile(paths, model.session.CodeNum);
     for (int i = 0; i < 3; ++i) in.NextLine();
-    for (int s = 1; s <= kHvacSystems; ++s) {
-        HvacRow& r = model.hvac.HvacCatalog[s];
-        r.id = StrForm(in.NextInt());
-        r.Des = in.NextText();
-        r.Feature = in.NextText();
-        r.BldApp = in.NextText();
-        r.stpresIn = NumberItem(in);
-        r.stpresPa = NumberItem(in);
-        r.seer = NumberItem(in);
-        r.cop = NumberItem(in);
-        r.tempF = NumberItem(in);
-        r.tempC = NumberItem(in);
-        r.fcost = NumberItem(in);
-        r.mcost = NumberItem(in);
-        r.Heater = in.NextText();
-        in.NextInt();
-        r.HTCOP = NumberItem(in);
-    }
+    for (int s = 1; s <= kHvacSystems; ++s) model.hvac.HvacCatalog[s] = ReadRecord(in);
 }
 
 std::string HvacMaintenanceCost(int system, double firstCost) {

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 #include "core/item_reader.h"
 #include "propertydb/envelope_defaults.h"
 #include "tests/propertydb/program_folder.h"
@@ -65,17 +63,8 @@ TEST_F(TableFixture, FortyRowsWithTheirNumberedRoles) {
 }
 
 TEST_F(TableFixture, FiguresMatchThePublishedTables) {
-    std::ifstream in(std::string(SOLVANE_SOURCE_DIR) +
-                     "/tests/fixtures/standards/building_types_published.csv");
     int rows = 0;
-    bool header = true;
-    for (std::string line; std::getline(in, line);) {
-        if (line.empty() || line[0] == '#') continue;
-        if (header) {
-            header = false;
-            continue;
-        }
-        const auto c = testing::SplitCsv(line);
+    for (const auto& c : testing::FixtureRows("building_types_published.csv")) {
         ASSERT_EQ(c.size(), 13u);
         const int i = std::stoi(c[0]);
         const auto& col = m.btypes.BTypeColumn[i];

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <map>
 #include <tuple>
 
@@ -13,27 +12,8 @@
 namespace solvane {
 namespace {
 
+using testing::FixtureRecords;
 using testing::ProgramFolder;
-using testing::SplitCsv;
-
-std::vector<std::map<std::string, std::string>> ReadFixture(const std::string& name) {
-    std::ifstream in(std::string(SOLVANE_SOURCE_DIR) + "/tests/fixtures/standards/" + name);
-    std::vector<std::map<std::string, std::string>> rows;
-    std::vector<std::string> header;
-    for (std::string line; std::getline(in, line);) {
-        if (line.empty() || line[0] == '#') continue;
-        auto cells = SplitCsv(line);
-        if (header.empty()) {
-            header = cells;
-            continue;
-        }
-        std::map<std::string, std::string> row;
-        for (std::size_t i = 0; i < header.size() && i < cells.size(); ++i)
-            row[header[i]] = cells[i];
-        rows.push_back(row);
-    }
-    return rows;
-}
 
 ProjectModel Project(int code, int type, const std::string& climate, int units = 1) {
     ProjectModel m;
@@ -53,10 +33,10 @@ TEST(EnvelopeDefaults, SelectedValuesMatchThePublishedTables) {
     using Key =
         std::tuple<std::string, std::string, std::string, std::string, std::string, std::string>;
     std::map<Key, std::map<std::string, std::string>> published;
-    for (auto& r : ReadFixture("envelope_published.csv"))
+    for (auto& r : FixtureRecords("envelope_published.csv"))
         published[{r["standard"], r["climate_zone"], r["building_category"], r["element"],
                    r["orientation"], r["area_band"]}] = r;
-    const auto rowMap = ReadFixture("envelope_rows.csv");
+    const auto rowMap = FixtureRecords("envelope_rows.csv");
     ASSERT_EQ(rowMap.size(), (15u + 11u) * 3u);
 
     int compared = 0;

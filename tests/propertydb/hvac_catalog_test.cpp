@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 #include "core/numeric_helpers.h"
 #include "core/text_file.h"
 #include "propertydb/envelope_defaults.h"
@@ -49,17 +47,8 @@ TEST(HvacCatalog, RatingsFollowThePublishedMinima) {
     green.session.CodeNum = 3;
     LoadHvacCatalog(ninety, folder.Paths());
     LoadHvacCatalog(green, folder.Paths());
-    std::ifstream in(std::string(SOLVANE_SOURCE_DIR) +
-                     "/tests/fixtures/standards/hvac_published.csv");
     int checked = 0;
-    bool header = true;
-    for (std::string line; std::getline(in, line);) {
-        if (line.empty() || line[0] == '#') continue;
-        if (header) {
-            header = false;
-            continue;
-        }
-        const auto c = testing::SplitCsv(line);
+    for (const auto& c : testing::FixtureRows("hvac_published.csv")) {
         const int system = std::stoi(c[0]);
         const double a = std::stod(c[4]);
         double expected = a;

@@ -5,8 +5,10 @@
 
 #include <filesystem>
 #include <fstream>
+#include <map>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "core/program_paths.h"
 
@@ -58,6 +60,36 @@ inline std::vector<std::string> SplitCsv(const std::string& line) {
         }
     }
     return out;
+}
+
+// The rows of a CSV file under tests/fixtures/standards, header first;
+// comment lines (starting with "#") are left out.
+inline std::vector<std::vector<std::string>> FixtureTable(const std::string& name) {
+    std::ifstream in(std::string(SOLVANE_SOURCE_DIR) + "/tests/fixtures/standards/" + name);
+    std::vector<std::vector<std::string>> rows;
+    for (std::string line; std::getline(in, line);)
+        if (!line.empty() && line[0] != '#') rows.push_back(SplitCsv(line));
+    return rows;
+}
+
+// The data rows alone.
+inline std::vector<std::vector<std::string>> FixtureRows(const std::string& name) {
+    auto rows = FixtureTable(name);
+    if (!rows.empty()) rows.erase(rows.begin());
+    return rows;
+}
+
+// The data rows as records keyed by the header's names.
+inline std::vector<std::map<std::string, std::string>> FixtureRecords(const std::string& name) {
+    const auto table = FixtureTable(name);
+    std::vector<std::map<std::string, std::string>> records;
+    for (std::size_t r = 1; r < table.size(); ++r) {
+        std::map<std::string, std::string> record;
+        for (std::size_t i = 0; i < table[0].size() && i < table[r].size(); ++i)
+            record[table[0][i]] = table[r][i];
+        records.push_back(record);
+    }
+    return records;
 }
 
 }  // namespace solvane::testing

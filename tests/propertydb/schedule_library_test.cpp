@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <fstream>
 
 #include "core/item_reader.h"
 #include "tests/propertydb/program_folder.h"
@@ -54,18 +53,9 @@ TEST(ScheduleLibrary, ValuesFollowThePrototypeSchedules) {
     ProjectModel m;
     m.session.Units = 1;
     LoadScheduleLibrary(m, folder.Paths());
-    std::ifstream in(std::string(SOLVANE_SOURCE_DIR) +
-                     "/tests/fixtures/standards/schedules_published.csv");
     int rows = 0;
-    bool header = true;
     bool seen[kProfileTypes + 1][kProfileGroups + 1][kDayTypes + 1] = {};
-    for (std::string line; std::getline(in, line);) {
-        if (line.empty() || line[0] == '#') continue;
-        if (header) {
-            header = false;
-            continue;
-        }
-        const auto c = testing::SplitCsv(line);
+    for (const auto& c : testing::FixtureRows("schedules_published.csv")) {
         ASSERT_EQ(c.size(), 31u);
         const int g = std::stoi(c[0]), t = std::stoi(c[1]), d = std::stoi(c[2]);
         seen[t][g][d] = true;
