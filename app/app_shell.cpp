@@ -8,18 +8,19 @@
 #include "app/mainmenu.h"
 #include "app/warning.h"
 #include "app/weather.h"
+#include "cli/program_services.h"
 
 namespace solvane {
 
 AppShell::AppShell(ProgramPaths paths, Prompt& prompt) : prompt_(prompt) {
     session_.paths = std::move(paths);
-    startupHooks_.loadClimateIndex = [this](Session& s) {
-        return LoadLocationCounts(s.paths, climateIndex_);
-    };
+    startupHooks_ = MakeStartupHooks(climateIndex_);
+    projectFileHooks_ = MakeProjectFileHooks();
     auto navigate = [this](const Navigation& nav) { Navigate(nav); };
     mainformController_ =
         std::make_unique<MainFormController>(session_, prompt_, startupHooks_.loadScheduleLibrary);
-    mainmenuController_ = std::make_unique<MainMenuController>(session_, prompt_);
+    mainmenuController_ =
+        std::make_unique<MainMenuController>(session_, prompt_, MakeHubServices());
     ExitServices exitServices;
     exitServices.writeProjectFile = [](Session& s, Prompt& p) {
         return WriteProjectFileTo(s, p, s.model.session.InputFileName, false);

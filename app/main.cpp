@@ -60,6 +60,12 @@ int main(int argc, char** argv) {
     env.year = today.year();
     env.month = today.month();
     env.day = today.day();
-    shell.Start(env);
+    try {
+        shell.Start(env);
+    } catch (const std::exception& e) {
+        // Missing reference data stops the program, as any file error at start-up.
+        QMessageBox::critical(nullptr, "SOLVANE 2020", e.what());
+        return 2;
+    }
     return app.exec();
 }

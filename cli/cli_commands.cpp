@@ -2,10 +2,10 @@
 
 #include <ctime>
 
+#include "cli/program_services.h"
 #include "core/program_paths.h"
 #include "core/startup.h"
 #include "ui/scripted_prompt.h"
-#include "weather/climate_database.h"
 
 namespace solvane::cli {
 
@@ -68,9 +68,12 @@ int RunCheck(const Options& options, const std::string& executable, std::ostream
     env.month = t->tm_mon + 1;
     env.day = t->tm_mday;
     ClimateIndex climate;
-    StartupHooks hooks;
-    hooks.loadClimateIndex = [&](Session& s) { return LoadLocationCounts(s.paths, climate); };
-    StartUp(session, prompt, env, hooks);
+    try {
+        StartUp(session, prompt, env, MakeStartupHooks(climate));
+    } catch (const std::exception& e) {
+        err << "solvane-cli: " << e.what() << "\n";
+        return 2;
+    }
     out << "Program folder: " << session.paths.ProgramDir().string() << "\n";
     out << session.mainform.Text("Label8") << "\n";
     out << session.mainmenu.Text("Label8") << "\n";
