@@ -386,6 +386,9 @@ void Reader::Read() {
     if (!WriteFileAtomic(s_.paths.Resolve("\\sketch\\bld_mtx.all"), matrix.Str()))
         r_.Fail(kPathError);
 
+    // The sizer's figures now come from the project's surfaces.
+    m_.sizer.WindowSizerApplied = 1;
+
     const std::string& last = m_.zones.ZoneNumber[m_.zones.NumZones];
     m_.sketch.TopFloor = Int16(NumVal(cuts::Left(last, last.find('-'))), r_);
 

@@ -138,6 +138,7 @@ TEST_F(ReaderTest, WindowSizerTakesRatiosAndOverhangsFromSurfaces) {
     EXPECT_FLOAT_EQ(s.PFFirst[2], 0.5f);
     EXPECT_FLOAT_EQ(s.PFUpper[2], 0.25f);
     EXPECT_FLOAT_EQ(s.PFFirst[0], 0.0f);
+    EXPECT_EQ(s.WindowSizerApplied, 1);
 }
 
 TEST_F(ReaderTest, ZoneNumbersWithoutHyphen) {
