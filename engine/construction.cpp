@@ -106,21 +106,24 @@ Construction FitConstruction(double uFactor, double timeLag, double decrement, d
         double d = p.timeLag - timeLag;
         return std::abs(d);
     };
+    // The share runs over decades: a well-insulated construction keeps its
+    // mass in a thin inner layer.
     double best = 1.0, bestErr = lagError(1.0);
-    for (int i = 1; i < 20; ++i) {
-        const double s = i / 20.0;
+    constexpr int kGrid = 48;
+    for (int i = 0; i < kGrid; ++i) {
+        const double s = std::pow(10.0, -4.0 + 4.0 * i / kGrid);
         const double e = lagError(s);
         if (e < bestErr) best = s, bestErr = e;
     }
-    double lo = std::max(0.01, best - 0.05), hi = std::min(1.0, best + 0.05);
-    for (int i = 0; i < 30; ++i) {  // golden-section refinement
+    double lo = std::log10(best) - 4.0 / kGrid, hi = std::min(0.0, std::log10(best) + 4.0 / kGrid);
+    for (int i = 0; i < 40; ++i) {  // golden-section refinement in log share
         const double a = lo + 0.382 * (hi - lo), b = lo + 0.618 * (hi - lo);
-        if (lagError(a) < lagError(b))
+        if (lagError(std::pow(10.0, a)) < lagError(std::pow(10.0, b)))
             hi = b;
         else
             lo = a;
     }
-    const double share = 0.5 * (lo + hi);
+    const double share = std::pow(10.0, 0.5 * (lo + hi));
     Construction c = TwoLayer(rWall, capacityFor(share), share);
     return c;
 }

@@ -601,6 +601,8 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 zr.balanceResidual += std::abs(hIn - hOut - hStored);
                 if (skipped) continue;
                 zr.heatingEnergy += hourQh;
+                zr.lightsEnergy += lights;
+                zr.equipmentEnergy += equip;
                 zr.coolingEnergy += hourQc;
                 zr.monthlyHeating[month] += hourQh;
                 zr.monthlyCooling[month] += hourQc;

@@ -69,6 +69,7 @@ struct ZoneResults {
     // temperature (C) and mean heating and cooling loads (W) of the hour.
     std::vector<float> airTemperature, heating, cooling;
     double heatingEnergy = 0, coolingEnergy = 0;                // Wh over the run
+    double lightsEnergy = 0, equipmentEnergy = 0;               // Wh over the run
     std::array<double, 12> monthlyHeating{}, monthlyCooling{};  // Wh
     double peakHeating = 0, peakCooling = 0;                    // W, hour means
     int peakHeatingHour = -1, peakCoolingHour = -1;             // 0-based hour of the year

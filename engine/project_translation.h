@@ -1,0 +1,52 @@
+// From the project (as the engine's input file gives it, always in I-P) to
+// the engine's building description, site and climate statistics.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/project_model.h"
+#include "engine/building.h"
+#include "engine/synthetic_weather.h"
+#include "engine/weather_data.h"
+
+namespace solvane::engine {
+
+struct ProjectRunInputs {
+    Building building;
+    Site site;                       // from the climate block
+    MonthlyClimate climate;          // from the climate block
+    std::string location;            // ProjectData [3]
+    std::vector<std::string> notes;  // what was assumed or left out, for Monitor.txt
+};
+
+// Twelve numbers of a climate row (text after its label), blank separated.
+std::array<double, 12> ClimateRow(const std::string& row);
+
+// Station figures of climate line 2: latitude, longitude, standard meridian
+// (degrees, negative west) and elevation (ft) behind the 50-character
+// location text; numbers may touch ("39.83-104.65").
+Site ClimateSite(const std::string& line2);
+
+// Builds the engine's records from the model:
+// - walls and roofs: each catalog entry becomes the two-layer construction
+//   that has its U-factor, time lag and decrement factor (FitConstruction,
+//   ISO 13786), with its solar absorptance outside;
+// - windows: the clear-glass unit with the catalog U-factor and SHGC
+//   (MatchGlazing), whose angular behaviour follows from Fresnel's laws;
+// - surfaces by exposure: 1 to 5 walls over that ground cover, 6 roofs,
+//   7 the slab's perimeter strip (to the monthly ground temperature) and 71
+//   to 76 the slab core and below-grade parts (to the annual mean ground
+//   temperature through more soil), after the two-region slab of ISO 13370;
+// - shading words: R and L fins, F an opaque and T a transmitting overhang
+//   (half of the beam passes), each with its projection factor;
+// - zone field 4 as internal mass in lb per sq.ft of floor (concrete, both
+//   faces in the room), people at 250 Btu/h sensible and 200 Btu/h latent
+//   (ASHRAE Fundamentals, office work), lights and receptacles in W per
+//   sq.ft, infiltration in air changes, outdoor air by its prefix while the
+//   fan profile runs (CP per person, CS per sq.ft, PA percent of a supply of
+//   1 cfm per sq.ft), thermostats in deg F from the profiles.
+// `runType` 4 leaves every zone floating; 1 heats but does not cool.
+ProjectRunInputs TranslateProject(const ProjectModel& model, int runType);
+
+}  // namespace solvane::engine

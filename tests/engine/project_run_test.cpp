@@ -1,0 +1,83 @@
+// The engine's path from a project file: the ASHRAE 140 case 600 and 900
+// project files read by the project reader and translated must give about
+// what the layer-by-layer descriptions give.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "bestest_building.h"
+#include "core/session.h"
+#include "core/text_file.h"
+#include "engine/epw_reader.h"
+#include "engine/project_translation.h"
+#include "engine/simulation.h"
+#include "projectfile/project_file.h"
+#include "ui/scripted_prompt.h"
+
+namespace solvane::engine {
+namespace {
+
+const std::string kSource = SOLVANE_SOURCE_DIR;
+
+ProjectRunInputs LoadCase(const std::string& name, int runType) {
+    const auto dir = std::filesystem::temp_directory_path() / ("solvane_engine_" + name);
+    std::filesystem::create_directories(dir / "temp");
+    std::filesystem::create_directories(dir / "sketch");
+    Session session;
+    session.paths = ProgramPaths(dir);
+    ScriptedPrompt prompt;
+    const auto text = ReadTextFile(kSource + "/tests/engine/projects/" + name);
+    EXPECT_TRUE(text.has_value());
+    EXPECT_EQ(ReadProjectFile(session, prompt, *text, name, {}), ReadStatus::Read);
+    std::filesystem::remove_all(dir);
+    return TranslateProject(session.model, runType);
+}
+
+const WeatherYear& Denver() {
+    static const WeatherYear w = ReadEpwFile(kSource + "/tests/fixtures/weather/725650TYCST.epw");
+    return w;
+}
+
+TEST(ProjectRun, TranslationKeepsTheCase600Inputs) {
+    const ProjectRunInputs in = LoadCase("case600.inp", 3);
+    ASSERT_EQ(in.building.zones.size(), 1u);
+    const Zone& z = in.building.zones[0];
+    EXPECT_NEAR(z.floorArea, 48.0, 0.01);
+    EXPECT_NEAR(z.gains.equipment, 200.0, 0.1);
+    EXPECT_NEAR(z.infiltrationAch, 0.414, 1e-9);
+    ASSERT_EQ(z.surfaces.size(), 6u);
+    EXPECT_EQ(z.surfaces[0].windows.size(), 1u);
+    EXPECT_NEAR(z.surfaces[0].windows[0].area, 12.0, 0.01);
+    EXPECT_EQ(z.surfaces[5].kind, SurfaceClass::Floor);
+    EXPECT_NEAR(z.surfaces[5].tilt, 180.0, 1e-9);
+    // Thermostats in deg C from the deg F profiles.
+    EXPECT_NEAR(in.building.profiles[z.heatingSetpointProfile].At(3, 5), 20.0, 1e-9);
+    EXPECT_NEAR(in.building.profiles[z.coolingSetpointProfile].At(0, 14), 27.0, 1e-9);
+    // Site from the climate block's station figures.
+    EXPECT_NEAR(in.site.latitude, 39.83, 1e-9);
+    EXPECT_NEAR(in.site.longitude, -104.65, 1e-9);
+    EXPECT_NEAR(in.site.timeZone, -7.0, 1e-9);
+    // Walls fitted to the catalog's U-factor.
+    const Construction& wall = in.building.constructions[z.surfaces[0].construction];
+    EXPECT_NEAR(PeriodicResponseOf(wall).uFactor, 0.0899 * 5.6782628, 1e-3);
+}
+
+TEST(ProjectRun, ProjectFilesLandNearTheLayeredCases) {
+    // The project route fits each construction from three figures, takes a
+    // ten-foot storey for the air volume and the receptacles' radiant share:
+    // within 12 percent of the layered description.
+    for (bool heavy : {false, true}) {
+        const ProjectRunInputs in = LoadCase(heavy ? "case900.inp" : "case600.inp", 3);
+        RunOptions opt;
+        opt.keepHourly = false;
+        const ZoneResults p = Simulate(in.building, Denver(), opt).zones[0];
+        const ZoneResults d =
+            Simulate(testing::BestestBuilding(heavy, false), Denver(), opt).zones[0];
+        EXPECT_NEAR(p.heatingEnergy, d.heatingEnergy, 0.12 * d.heatingEnergy) << heavy;
+        EXPECT_NEAR(p.coolingEnergy, d.coolingEnergy, 0.12 * d.coolingEnergy) << heavy;
+        EXPECT_LT(p.BalanceError(), 1e-3);
+    }
+}
+
+}  // namespace
+}  // namespace solvane::engine
