@@ -1,0 +1,192 @@
+// The engine's contract: its control file, and the files it leaves in temp,
+// read back by markers and fixed columns the way the results reader does.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "core/item_reader.h"
+#include "core/numeric_helpers.h"
+#include "core/text_file.h"
+#include "engine/control_file.h"
+
+namespace solvane::engine {
+namespace {
+
+namespace fs = std::filesystem;
+const std::string kSource = SOLVANE_SOURCE_DIR;
+
+std::string ControlText(int runType, const std::string& skip = "") {
+    return "Run type  : " + std::to_string(runType) +
+           "\r\nWthr type : 1             1 \r\n1st day   :  1 \r\nRun begin : 1\r\n"
+           "Run end   : 365\r\nHourly out:  1 \r\nCode Num  :  2 \r\nSkip month: " +
+           skip + "\r\nComfort   :  68       79 \r\n";
+}
+
+TEST(ControlFile, ReadsTheNineLines) {
+    const RunControl c = ReadControlFile(ControlText(4, " 3  7 "), "ecalc$.tmp");
+    EXPECT_EQ(c.runType, 4);
+    EXPECT_EQ(c.weatherType, 1);
+    EXPECT_EQ(c.firstDayOfYear, 1);
+    EXPECT_EQ(c.beginDay, 1);
+    EXPECT_EQ(c.endDay, 365);
+    EXPECT_TRUE(c.hourlyOutput);
+    EXPECT_EQ(c.codeNum, 2);
+    EXPECT_TRUE(c.skipMonth[2]);
+    EXPECT_TRUE(c.skipMonth[6]);
+    EXPECT_FALSE(c.skipMonth[0]);
+    EXPECT_EQ(c.comfortLower, 68);
+    EXPECT_EQ(c.comfortUpper, 79);
+    EXPECT_EQ(ReadControlFile("Run type  : 0\r\nWthr type :  0 \r\n1st day   :  6 \r\n"
+                              "Run begin : 32\r\nRun end   : 59\r\nHourly out:  0 \r\n"
+                              "Code Num  :  1 \r\nSkip month: \r\nComfort   :  20       27 \r\n",
+                              "x")
+                  .weatherType,
+              0);
+}
+
+TEST(ControlFile, BadLinesNameTheFileAndLine) {
+    try {
+        ReadControlFile("Run type  : 3\r\nWthr type :  0 \r\n", "ecalc$.tmp");
+        FAIL();
+    } catch (const ReadError& e) {
+        EXPECT_EQ(e.File(), "ecalc$.tmp");
+        EXPECT_EQ(e.Line(), 3);
+    }
+    try {
+        ReadControlFile(ControlText(3, " 13 "), "ecalc$.tmp");
+        FAIL();
+    } catch (const ReadError& e) {
+        EXPECT_EQ(e.Line(), 8);
+    }
+}
+
+TEST(ControlFile, EngineHeadLine) {
+    const EngineHead h = ReadEngineHeadLine("SOLVANE-2020 .83766422 4  SI");
+    EXPECT_EQ(h.weatherSeed, ".83766422");
+    EXPECT_TRUE(h.si);
+    EXPECT_FALSE(ReadEngineHeadLine("SOLVANE-2020 .5        4  IP").si);
+}
+
+// Field c/w of a line as the results reader takes it.
+double Field(const std::string& line, int col, int width) {
+    if (static_cast<int>(line.size()) < col) return 0;
+    return NumVal(line.substr(col - 1, width));
+}
+
+std::vector<std::string> RunEngine(const std::string& dirName, int runType,
+                                   std::vector<std::string>* flt = nullptr,
+                                   std::vector<std::string>* monitor = nullptr) {
+    const fs::path dir = fs::temp_directory_path() / dirName;
+    fs::remove_all(dir);
+    fs::create_directories(dir);
+    fs::copy_file(kSource + "/tests/engine/projects/case600.inp", dir / "ecalc$.inp");
+    fs::copy_file(kSource + "/tests/fixtures/weather/725650TYCST.epw", dir / "ecalc$.tmy");
+    EXPECT_TRUE(WriteFileAtomic(dir / "ecalc$.tmp", ControlText(runType)));
+    const std::string cmd = "cd \"" + dir.string() + "\" && \"" SOLV2020_PATH "\"";
+    EXPECT_EQ(std::system(cmd.c_str()), 0);
+    const auto sim = ReadTextFile(dir / "sim$.out");
+    const auto fl = ReadTextFile(dir / "ecalc$.flt");
+    const auto mon = ReadTextFile(dir / "Monitor.txt");
+    EXPECT_TRUE(sim && fl && mon);
+    EXPECT_NE(sim->find("\r\n"), std::string::npos);
+    EXPECT_TRUE(fs::exists(dir / "ecalc$.wth"));
+    EXPECT_TRUE(fs::exists(dir / "ecalc$.hry"));
+    EXPECT_FALSE(fs::exists(dir / "Solv2020.work"));
+    if (flt) *flt = SplitLines(fl.value_or(""));
+    if (monitor) *monitor = SplitLines(mon.value_or(""));
+    fs::remove_all(dir);
+    return SplitLines(sim.value_or(""));
+}
+
+TEST(EngineContract, ComponentAndMonthlyTablesReadBackByColumn) {
+    std::vector<std::string> monitor;
+    const auto lines = RunEngine("solvane_contract_600", 3, nullptr, &monitor);
+    ASSERT_GE(monitor.size(), 5u);
+    EXPECT_EQ(monitor[4], " Denver Intl AP, Colorado");
+
+    // Component table: fourteen rows from "ROOF", row 13 a rule.
+    std::size_t roof = 0;
+    while (roof < lines.size() && lines[roof].rfind("ROOF", 0) != 0) ++roof;
+    ASSERT_LT(roof + 20, lines.size());
+    double annH = 0, annC = 0, peakH = 0, peakC = 0;
+    for (int r = 0; r < 12; ++r) {
+        const std::string& l = lines[roof + r];
+        annH += Field(l, 100, 8), annC += Field(l, 117, 8);
+        peakH += Field(l, 29, 8), peakC += Field(l, 45, 8);
+    }
+    EXPECT_EQ(lines[roof + 12][0], '-');
+    const std::string& row14 = lines[roof + 13];
+    EXPECT_NEAR(Field(row14, 100, 8), annH, 0.005);
+    EXPECT_NEAR(Field(row14, 117, 8), annC, 0.005);
+    EXPECT_NEAR(Field(row14, 29, 8), peakH, 0.05);
+    EXPECT_NEAR(Field(row14, 45, 8), peakC, 0.05);
+    EXPECT_NEAR(Field(row14, 109, 5), 100.0, 1e-9);
+    const std::string& totals = lines[roof + 13 + 6];
+    EXPECT_NEAR(Field(totals, 100, 15), annH, 0.005);
+    EXPECT_NEAR(Field(totals, 117, 15), annC, 0.005);
+    EXPECT_NEAR(Field(totals, 30, 15), Field(row14, 29, 8), 1e-9);
+    EXPECT_EQ(totals.substr(45, 3), "DEC");  // the peak's time text at 46
+    // Case 600 in I-P: heating about 4.3 MWh = 14.7 MBtu (project route).
+    EXPECT_GT(annH, 13.0);
+    EXPECT_LT(annH, 18.0);
+    EXPECT_GT(Field(lines[roof + 13 + 7], 100, 17), 0.0);  // per-area line
+
+    // Monthly table: "MON", four lines, JAN..DEC, "=" rule, totals.
+    std::size_t mon = 0;
+    while (mon < lines.size() && lines[mon].rfind("MON", 0) != 0) ++mon;
+    ASSERT_LT(mon + 19, lines.size());
+    const char* months[12] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
+                              "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
+    double h = 0, c = 0;
+    for (int m = 0; m < 12; ++m) {
+        const std::string& l = lines[mon + 5 + m];
+        EXPECT_EQ(l.substr(0, 3), months[m]);
+        h += Field(l, 4, 8);
+        c += Field(l, 31, 9);
+    }
+    EXPECT_EQ(lines[mon + 17][0], '=');
+    EXPECT_NEAR(Field(lines[mon + 18], 4, 8), h, 0.01);
+    EXPECT_NEAR(Field(lines[mon + 18], 31, 9), c, 6.0);
+    // With an efficiency of 1, the monthly heating energy is the table's load.
+    EXPECT_NEAR(h, annH, 0.01);
+
+    // The energy summary: "III.", two lines, the title at column 89, then "Site".
+    std::size_t iii = 0;
+    while (iii < lines.size() && lines[iii].rfind("III.", 0) != 0) ++iii;
+    ASSERT_LT(iii + 3, lines.size());
+    EXPECT_EQ(lines[iii + 3].substr(88, 20), "ASHRAE 140 Case 600,");
+    std::size_t site = iii;
+    while (site < lines.size() && lines[site].rfind("Site", 0) != 0) ++site;
+    ASSERT_LT(site + 1, lines.size());
+    EXPECT_NEAR(Field(lines[site], 18, 7), h, 0.01);
+    EXPECT_GT(Field(lines[site + 1], 51, 6), 0.0);
+}
+
+TEST(EngineContract, PassiveRunWritesComfortPerZone) {
+    std::vector<std::string> flt;
+    const auto lines = RunEngine("solvane_contract_600ff", 4, &flt);
+    ASSERT_GE(flt.size(), 8u);
+    EXPECT_EQ(flt[0].substr(0, 3), "IX.");
+    EXPECT_EQ(flt[1].substr(0, 12), "*** PROJECT:");
+    EXPECT_EQ(flt[2].substr(0, 5), " ZONE");
+    // A floating case 600 spends hours above 79 F and below 68 F.
+    std::size_t year = 0;
+    while (year < flt.size() && flt[year].rfind("    YEAR", 0) != 0) ++year;
+    ASSERT_LT(year, flt.size());
+    const double below = Field(flt[year], 14, 11), within = Field(flt[year], 28, 12),
+                 above = Field(flt[year], 42, 11);
+    EXPECT_EQ(below + within + above, 8760);
+    EXPECT_GT(below, 1000);
+    EXPECT_GT(above, 1000);
+    // No loads in a passive run.
+    std::size_t roof = 0;
+    while (roof < lines.size() && lines[roof].rfind("ROOF", 0) != 0) ++roof;
+    ASSERT_LT(roof + 19, lines.size());
+    EXPECT_EQ(Field(lines[roof + 19], 100, 15), 0.0);
+}
+
+}  // namespace
+}  // namespace solvane::engine
