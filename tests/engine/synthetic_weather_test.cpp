@@ -7,8 +7,7 @@
 #include <vector>
 
 #include "bestest_building.h"
-#include "core/item_reader.h"
-#include "core/text_file.h"
+#include "climate_records.h"
 #include "engine/epw_reader.h"
 #include "engine/simulation.h"
 
@@ -17,34 +16,10 @@ namespace {
 
 const std::string kSource = SOLVANE_SOURCE_DIR;
 
-struct Record {
-    std::string name;
-    Site site;
-    MonthlyClimate climate;
-};
+using Record = testing::ClimateRecord;
 
 std::vector<Record> ReadRecords() {
-    const auto text = ReadTextFile(kSource + "/tests/engine/climate_records.txt");
-    EXPECT_TRUE(text.has_value());
-    std::string body;
-    for (const std::string& line : SplitLines(*text))
-        if (!line.empty() && line[0] != '#') body += line + "\n";
-    ItemReader in(body, "climate_records.txt");
-    std::vector<Record> out;
-    while (!in.AtEnd()) {
-        Record r;
-        r.name = in.NextText();
-        r.site.latitude = in.NextNumber();
-        r.site.longitude = in.NextNumber();
-        r.site.timeZone = in.NextNumber() / 15.0;
-        r.site.elevation = in.NextNumber() * 0.3048;
-        for (auto* row : {&r.climate.dryBulbMean, &r.climate.dryBulbMeanSd, &r.climate.dryBulbMax,
-                          &r.climate.dryBulbMaxSd, &r.climate.dewPointMean, &r.climate.dewPointSd,
-                          &r.climate.solar, &r.climate.wind})
-            for (double& v : *row) v = in.NextNumber();
-        out.push_back(r);
-    }
-    return out;
+    return testing::ReadClimateRecords(kSource + "/tests/engine/climate_records.txt");
 }
 
 TEST(SyntheticWeather, TheSameSeedGivesTheSameYear) {
