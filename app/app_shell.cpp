@@ -3,12 +3,16 @@
 #include <QDir>
 #include <filesystem>
 
+#include "app/catalogs.h"
+#include "app/economics.h"
 #include "app/file_forms.h"
 #include "app/mainform.h"
 #include "app/mainmenu.h"
+#include "app/projectinfo.h"
 #include "app/warning.h"
 #include "app/weather.h"
 #include "cli/program_services.h"
+#include "propertydb/envelope_defaults.h"
 
 namespace solvane {
 
@@ -16,40 +20,63 @@ AppShell::AppShell(ProgramPaths paths, Prompt& prompt) : prompt_(prompt) {
     session_.paths = std::move(paths);
     startupHooks_ = MakeStartupHooks(climateIndex_);
     projectFileHooks_ = MakeProjectFileHooks();
-    auto navigate = [this](const Navigation& nav) { Navigate(nav); };
-    mainformController_ =
-        std::make_unique<MainFormController>(session_, prompt_, startupHooks_.loadScheduleLibrary);
-    mainmenuController_ =
-        std::make_unique<MainMenuController>(session_, prompt_, MakeHubServices());
-    ExitServices exitServices;
-    exitServices.writeProjectFile = [](Session& s, Prompt& p) {
-        return WriteProjectFileTo(s, p, s.model.session.InputFileName, false);
-    };
-    warningController_ =
-        std::make_unique<ExitWarningController>(session_, prompt_, std::move(exitServices));
-    oldFileController_ =
-        std::make_unique<OldFileFormController>(session_, prompt_, projectFileHooks_);
-    sampleController_ =
-        std::make_unique<SampleFileFormController>(session_, prompt_, projectFileHooks_);
-    saveController_ = std::make_unique<SaveInputFormController>(session_, prompt_);
-    weatherController_ =
-        std::make_unique<WeatherScreen>(session_.model, session_.paths, prompt_, climateIndex_);
-    mainform_ = std::make_unique<MainFormScreen>(session_, *mainformController_, navigate);
-    mainmenu_ = std::make_unique<MainMenuScreen>(session_, *mainmenuController_, navigate);
-    warning_ =
-        std::make_unique<WarningScreen>(session_, *warningController_, navigate, mainmenu_.get());
-    oldFileForm_ =
-        std::make_unique<OldFileFormScreen>(*oldFileController_, navigate, mainmenu_.get());
-    sampleFileForm_ =
-        std::make_unique<SampleFileFormScreen>(*sampleController_, navigate, mainmenu_.get());
-    saveInputForm_ = std::make_unique<SaveInputFormScreen>(session_, *saveController_, navigate,
-                                                           mainmenu_.get());
-    weather_ = std::make_unique<WeatherDataScreen>(*weatherController_, navigate, mainmenu_.get());
-    session_.availableScreens.insert(
-        {Screen::OldFileForm, Screen::SampleFileForm, Screen::SaveInputForm, Screen::Weather});
+    MakeControllers();
+    MakeScreens();
 }
 
 AppShell::~AppShell() = default;
+
+void AppShell::MakeControllers() {
+    Session& s = session_;
+    mainformController_ =
+        std::make_unique<MainFormController>(s, prompt_, startupHooks_.loadScheduleLibrary);
+    mainmenuController_ = std::make_unique<MainMenuController>(s, prompt_, MakeHubServices());
+    ExitServices exitServices;
+    exitServices.writeProjectFile = [](Session& session, Prompt& p) {
+        return WriteProjectFileTo(session, p, session.model.session.InputFileName, false);
+    };
+    warningController_ = std::make_unique<ExitWarningController>(s, prompt_, exitServices);
+    oldFileController_ = std::make_unique<OldFileFormController>(s, prompt_, projectFileHooks_);
+    sampleController_ = std::make_unique<SampleFileFormController>(s, prompt_, projectFileHooks_);
+    saveController_ = std::make_unique<SaveInputFormController>(s, prompt_);
+    weatherController_ = std::make_unique<WeatherScreen>(s.model, s.paths, prompt_, climateIndex_);
+    // A new location changes the code's envelope requirements: the catalogs
+    // start again from the climate file.
+    weatherController_->refreshClimateDefaults = [this] {
+        if (session_.model.session.CodeNum == 0 || session_.model.session.BuildingType == 0) return;
+        LoadEnvelopeDefaults(session_, prompt_);
+        session_.model.flags.CatalogReload[1] = session_.model.flags.CatalogReload[2] = 1;
+    };
+    projectInfoController_ = std::make_unique<ProjectInfoController>(s, prompt_);
+    weatherController_->locationChanged = [this](const std::string& location) {
+        projectInfoController_->fields.At("projectid", 3).text = location;
+    };
+    economicsController_ = std::make_unique<EconomicsController>(s, prompt_);
+    demandController_ = std::make_unique<DemandChargeController>(s, prompt_);
+    catalogController_ = std::make_unique<CatalogController>(s, prompt_);
+    hvacController_ = std::make_unique<HvacController>(s, prompt_);
+}
+
+void AppShell::MakeScreens() {
+    auto navigate = [this](const Navigation& nav) { Navigate(nav); };
+    mainform_ = std::make_unique<MainFormScreen>(session_, *mainformController_, navigate);
+    mainmenu_ = std::make_unique<MainMenuScreen>(session_, *mainmenuController_, navigate);
+    QWidget* hub = mainmenu_.get();
+    warning_ = std::make_unique<WarningScreen>(session_, *warningController_, navigate, hub);
+    oldFileForm_ = std::make_unique<OldFileFormScreen>(*oldFileController_, navigate, hub);
+    sampleFileForm_ = std::make_unique<SampleFileFormScreen>(*sampleController_, navigate, hub);
+    saveInputForm_ =
+        std::make_unique<SaveInputFormScreen>(session_, *saveController_, navigate, hub);
+    weather_ = std::make_unique<WeatherDataScreen>(*weatherController_, navigate, hub);
+    projectInfo_ = std::make_unique<ProjectInfoScreen>(*projectInfoController_, navigate, hub);
+    economics_ =
+        std::make_unique<EconomicsScreen>(*economicsController_, *demandController_, navigate, hub);
+    catalog_ = std::make_unique<CatalogScreen>(*catalogController_, session_.paths, navigate, hub);
+    hvac_ = std::make_unique<HvacScreen>(*hvacController_, navigate, hub);
+    session_.availableScreens.insert({Screen::OldFileForm, Screen::SampleFileForm,
+                                      Screen::SaveInputForm, Screen::Weather, Screen::ProjectInfo,
+                                      Screen::Economics, Screen::Catalog, Screen::Hvac});
+}
 
 void AppShell::Start(const StartupEnvironment& env) {
     StartUp(session_, prompt_, env, startupHooks_);
@@ -58,54 +85,63 @@ void AppShell::Start(const StartupEnvironment& env) {
     mainform_->show();
 }
 
+void AppShell::ShowHub() {
+    mainmenu_->show();
+    mainmenu_->raise();
+    mainmenu_->activateWindow();
+    mainmenu_->Activate();
+}
+
 void AppShell::Navigate(const Navigation& nav) {
     if (nav.endProgram) {
         ended_ = true;
+        for (QWidget* w : mainmenu_->findChildren<QDialog*>()) w->hide();
         mainmenu_->hide();
         mainform_->hide();
-        warning_->hide();
         emit programEnded();
         return;
     }
     // Screens opened from the hub stand in its place.
     if (nav.hideCurrent && nav.show != Screen::MainMenu && nav.show != Screen::None)
         mainmenu_->hide();
+    const auto homeFolder = [] { return QDir::homePath().toStdString(); };
     switch (nav.show) {
         case Screen::None:
             mainmenu_->ShowFields();
             break;
         case Screen::MainMenu:
             if (nav.hideCurrent) mainform_->hide();
-            if (!hubBegun_) {
-                hubBegun_ = true;
-                session_.mainmenu.caption = session_.mainmenu.caption.empty()
-                                                ? "SOLVANE 2020 New Project:... "
-                                                : session_.mainmenu.caption;
-            }
-            mainmenu_->show();
-            mainmenu_->raise();
-            mainmenu_->activateWindow();
-            mainmenu_->Activate();
+            ShowHub();
             break;
         case Screen::OldFileForm:
-            oldFileForm_->Open(QDir::homePath().toStdString());
+            oldFileForm_->Open(homeFolder());
             break;
         case Screen::SampleFileForm:
             sampleFileForm_->Open();
             break;
         case Screen::SaveInputForm: {
             // A project that came from a file is saved beside it.
-            const std::string folder =
-                session_.model.flags.ProjectFromFile == 1
-                    ? std::filesystem::path(session_.model.session.InputFileName)
-                          .parent_path()
-                          .string()
-                    : QDir::homePath().toStdString();
-            saveInputForm_->Open(folder);
+            const auto& m = session_.model;
+            saveInputForm_->Open(
+                m.flags.ProjectFromFile == 1
+                    ? std::filesystem::path(m.session.InputFileName).parent_path().string()
+                    : homeFolder());
             break;
         }
         case Screen::Weather:
             weather_->OpenTask();
+            break;
+        case Screen::ProjectInfo:
+            projectInfo_->Open();
+            break;
+        case Screen::Economics:
+            economics_->Open();
+            break;
+        case Screen::Catalog:
+            catalog_->Open(session_.CatalogKind);
+            break;
+        case Screen::Hvac:
+            hvac_->Open();
             break;
         case Screen::Warning:
             warning_->Refresh();
@@ -115,7 +151,7 @@ void AppShell::Navigate(const Navigation& nav) {
         default:
             // Screens that are not part of this build keep their tasks closed,
             // so no controller asks for them.
-            mainmenu_->Activate();
+            ShowHub();
             break;
     }
 }

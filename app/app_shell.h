@@ -1,15 +1,19 @@
-// Owns the session and the screens, and moves between them as the
-// controllers ask.
+// Owns the session, the controllers and the screens, and moves between the
+// screens as the controllers ask.
 #pragma once
 
 #include <QObject>
 #include <memory>
 
+#include "code/project_info.h"
 #include "core/exit_warning.h"
 #include "core/main_form.h"
 #include "core/main_menu.h"
 #include "core/startup.h"
+#include "economics/economics_form.h"
 #include "projectfile/file_dialogs.h"
+#include "propertydb/catalog_screen.h"
+#include "propertydb/hvac_catalog.h"
 #include "weather/climate_database.h"
 #include "weather/weather_screen.h"
 
@@ -22,6 +26,10 @@ class OldFileFormScreen;
 class SampleFileFormScreen;
 class SaveInputFormScreen;
 class WeatherDataScreen;
+class ProjectInfoScreen;
+class EconomicsScreen;
+class CatalogScreen;
+class HvacScreen;
 
 class AppShell : public QObject {
     Q_OBJECT
@@ -43,17 +51,26 @@ class AppShell : public QObject {
     SampleFileFormScreen* sampleFileForm() { return sampleFileForm_.get(); }
     SaveInputFormScreen* saveInputForm() { return saveInputForm_.get(); }
     WeatherDataScreen* weather() { return weather_.get(); }
+    ProjectInfoScreen* projectInfo() { return projectInfo_.get(); }
+    EconomicsScreen* economics() { return economics_.get(); }
+    CatalogScreen* catalog() { return catalog_.get(); }
+    HvacScreen* hvac() { return hvac_.get(); }
     bool ended() const { return ended_; }
 
   signals:
     void programEnded();
 
   private:
+    void MakeControllers();
+    void MakeScreens();
+    void ShowHub();
+
     Session session_;
     Prompt& prompt_;
     ClimateIndex climateIndex_;
     StartupHooks startupHooks_;
     ProjectFileHooks projectFileHooks_;
+
     std::unique_ptr<MainFormController> mainformController_;
     std::unique_ptr<MainMenuController> mainmenuController_;
     std::unique_ptr<ExitWarningController> warningController_;
@@ -61,6 +78,12 @@ class AppShell : public QObject {
     std::unique_ptr<SampleFileFormController> sampleController_;
     std::unique_ptr<SaveInputFormController> saveController_;
     std::unique_ptr<WeatherScreen> weatherController_;
+    std::unique_ptr<ProjectInfoController> projectInfoController_;
+    std::unique_ptr<EconomicsController> economicsController_;
+    std::unique_ptr<DemandChargeController> demandController_;
+    std::unique_ptr<CatalogController> catalogController_;
+    std::unique_ptr<HvacController> hvacController_;
+
     std::unique_ptr<MainFormScreen> mainform_;
     std::unique_ptr<MainMenuScreen> mainmenu_;
     std::unique_ptr<WarningScreen> warning_;
@@ -68,7 +91,10 @@ class AppShell : public QObject {
     std::unique_ptr<SampleFileFormScreen> sampleFileForm_;
     std::unique_ptr<SaveInputFormScreen> saveInputForm_;
     std::unique_ptr<WeatherDataScreen> weather_;
-    bool hubBegun_ = false;
+    std::unique_ptr<ProjectInfoScreen> projectInfo_;
+    std::unique_ptr<EconomicsScreen> economics_;
+    std::unique_ptr<CatalogScreen> catalog_;
+    std::unique_ptr<HvacScreen> hvac_;
     bool ended_ = false;
 };
 

@@ -34,7 +34,10 @@ void ApplyToWidget(QWidget* w, const FieldState& f) {
     }
     if (auto* edit = qobject_cast<QLineEdit*>(w)) {
         const QString text = QString::fromStdString(f.text);
-        if (edit->text() != text) edit->setText(text);
+        if (edit->text() != text) {
+            edit->setText(text);
+            edit->setCursorPosition(0);  // show a long text from its start
+        }
         return;
     }
     if (f.text.empty()) return;

@@ -5,13 +5,17 @@
 
 namespace solvane {
 
-FieldEdits::FieldEdits(ScreenFields& fields, KeyRule rule, QObject* parent)
-    : QObject(parent), fields_(fields), rule_(std::move(rule)) {}
+FieldEdits::FieldEdits(ScreenFields& fields, KeyRule rule, QObject* parent, ChangeRule change)
+    : QObject(parent), fields_(fields), rule_(std::move(rule)), change_(std::move(change)) {}
 
 void FieldEdits::Bind(QLineEdit* edit) {
     edit->installEventFilter(this);
     connect(edit, &QLineEdit::textEdited, this, [this, edit](const QString& text) {
-        fields_[edit->objectName().toStdString()].text = text.toStdString();
+        const std::string name = edit->objectName().toStdString();
+        if (change_)
+            change_(name, text.toStdString());
+        else
+            fields_[name].text = text.toStdString();
     });
 }
 

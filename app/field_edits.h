@@ -14,11 +14,14 @@ namespace solvane {
 
 // Returns the character to insert (possibly changed) or 0 to drop the key.
 using KeyRule = std::function<int(const std::string& field, int key)>;
+// Takes an edited text; by default the text goes into the field.
+using ChangeRule = std::function<void(const std::string& field, const std::string& text)>;
 
 class FieldEdits : public QObject {
     Q_OBJECT
   public:
-    FieldEdits(ScreenFields& fields, KeyRule rule, QObject* parent = nullptr);
+    FieldEdits(ScreenFields& fields, KeyRule rule, QObject* parent = nullptr,
+               ChangeRule change = {});
     // Binds an edit box whose object name is its field name.
     void Bind(QLineEdit* edit);
 
@@ -28,6 +31,7 @@ class FieldEdits : public QObject {
   private:
     ScreenFields& fields_;
     KeyRule rule_;
+    ChangeRule change_;
 };
 
 }  // namespace solvane

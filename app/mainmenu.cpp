@@ -89,7 +89,9 @@ void MainMenuScreen::BuildMenus() {
     QMenu* dtbase = AddMenu(bar, "dtbase", "&Mat'l / Systems Database");
     const char* dbNames[] = {"Wall/Roof/Floor Catalog", "Window & Skylight Catalog",
                              "HVAC System Types"};
-    for (int i = 0; i < 3; ++i) AddAction(dtbase, QString("dbase_%1").arg(i + 1), dbNames[i]);
+    for (int i = 0; i < 3; ++i)
+        connect(AddAction(dtbase, QString("dbase_%1").arg(i + 1), dbNames[i]), &QAction::triggered,
+                this, [this, i] { Go(controller_.Database(i + 1)); });
 
     QMenu* code = AddMenu(bar, "code", "&Energy Code Details");
     AddAction(code, "codehelp", "Energy Code Details");

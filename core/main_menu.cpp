@@ -95,6 +95,12 @@ void MainMenuController::Refresh() {
 
     if (done[5] == 1) f.At("Image7", 5).visible = f.At("Image7", 6).visible = false;
 
+    // The tasks open in their numbered order: project information once the
+    // weather is in (or the project came from a file), economics after it.
+    if (done[2] == 1 || m.flags.ProjectFromFile == 1)
+        SetTask("projectinformation", "Image1", Open(Screen::ProjectInfo));
+    if (done[1] == 1) SetTask("economicsdata", "Image5", Open(Screen::Economics));
+
     if (done[1] == 1 && done[2] == 1 && done[4] == 1 && done[5] == 1) {
         const bool live = Open(Screen::RunOptions) || Open(Screen::RunSim);
         f["runmenu"].enabled = live;
@@ -257,6 +263,16 @@ Navigation MainMenuController::Weather() {
 Navigation MainMenuController::Economics() {
     if (!Open(Screen::Economics)) return {};
     return {Screen::Economics, true, false};
+}
+
+Navigation MainMenuController::Database(int entry) {
+    if (entry == 1 || entry == 2) {
+        if (!Open(Screen::Catalog)) return {};
+        session_.CatalogKind = entry;
+        return {Screen::Catalog, false, false};
+    }
+    if (!Open(Screen::Hvac)) return {};
+    return {Screen::Hvac, false, false};
 }
 
 Navigation MainMenuController::Sketch() {

@@ -55,6 +55,7 @@ class MainMenuController {
     Navigation ProjectInformation();  // projectinformation
     Navigation Weather();             // weatherdata
     Navigation Economics();           // economicsdata
+    Navigation Database(int entry);   // dbase: 1 walls, 2 windows, 3 HVAC systems
     Navigation Sketch();              // buildingsketch
     Navigation ZoneDescription();     // zonedescription
     Navigation ExecuteRun();          // executerun

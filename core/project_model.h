@@ -209,7 +209,7 @@ struct HvacRow {
 
 struct HvacState {
     std::array<HvacRow, 16> HvacCatalog;  // systems 1..15
-    std::int16_t HvacNoticeCount = 0;      // kept for the life of the program
+    std::int16_t HvacNoticeCount = 0;     // kept for the life of the program
     std::int16_t CurrentHvacSystem = 0;
 };
 
@@ -217,9 +217,9 @@ struct HvacState {
 struct ScheduleLibraryState {
     std::array<std::array<TextTable<kDayTypes>, kProfileGroups + 1>, kProfileTypes + 1>
         LibraryProfile;
-    std::array<std::array<std::array<std::array<std::int16_t, 26>, kDayTypes + 1>,
-                          kProfileGroups + 1>,
-               kProfileTypes + 1>
+    std::array<
+        std::array<std::array<std::array<std::int16_t, 26>, kDayTypes + 1>, kProfileGroups + 1>,
+        kProfileTypes + 1>
         LibraryProfileValue{};
 };
 

@@ -54,7 +54,8 @@ struct Session {
     ScreenFields mainmenu;
     ScreenFields warning;
 
-    long CityCount = 0;  // stations in the climate database
+    int CatalogKind = 1;  // the catalog the database menu opened: 1 walls, 2 windows
+    long CityCount = 0;   // stations in the climate database
     // The location screen's starting selection.
     int WeatherRegion = 1;
     std::string WeatherStatePick = "Alabama";

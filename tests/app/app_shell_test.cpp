@@ -15,8 +15,11 @@
 #include <filesystem>
 
 #include "app/app_shell.h"
+#include "app/catalogs.h"
+#include "app/economics.h"
 #include "app/mainform.h"
 #include "app/mainmenu.h"
+#include "app/projectinfo.h"
 #include "app/warning.h"
 #include "app/weather.h"
 #include "ui/scripted_prompt.h"
@@ -151,6 +154,52 @@ TEST_F(AppShellTest, WeatherScreenShowsAStationAndOkSetsTheLocation) {
         << m.ProjectData[kLocation];
     EXPECT_FALSE(m.climate.WeatherData[4].empty());
     EXPECT_EQ(m.flags.TaskDone[2], 1);
+}
+
+TEST_F(AppShellTest, CodeWeatherTypeEconomicsAndCatalogsFromTheHub) {
+    Begin("unitnum_1");
+    QWidget* hub = shell_->mainmenu();
+    // 90.1, then Yes for 2019 and Yes to confirm; the other prompts take OK.
+    Find<QAbstractButton>(hub, "Image8_0")->click();
+    EXPECT_EQ(shell_->session().model.session.CodeNum, 2);
+    EXPECT_EQ(Find<QLabel>(hub, "Label8")->text(), "90.1-2019 (Latest Version) is specified.");
+
+    Find<QAbstractButton>(hub, "weatherdata")->click();
+    Find<QAbstractButton>(shell_->weather(), "OK")->click();
+    ASSERT_TRUE(Find<QWidget>(hub, "projectinformation")->isEnabled());
+
+    Find<QAbstractButton>(hub, "projectinformation")->click();
+    QWidget* info = shell_->projectInfo();
+    ASSERT_TRUE(info->isVisible());
+    Find<QAction>(info, "building_4")->trigger();
+    EXPECT_EQ(shell_->session().model.session.BuildingType, 4);
+    EXPECT_FALSE(Find<QLineEdit>(info, "projectid_0")->text().isEmpty());
+    Find<QAbstractButton>(info, "OK")->click();
+    EXPECT_FALSE(info->isVisible());
+    EXPECT_EQ(shell_->session().model.flags.TaskDone[1], 1);
+    ASSERT_TRUE(Find<QWidget>(hub, "economicsdata")->isEnabled());
+
+    Find<QAbstractButton>(hub, "economicsdata")->click();
+    QWidget* econ = shell_->economics();
+    ASSERT_TRUE(econ->isVisible());
+    EXPECT_FALSE(Find<QLineEdit>(econ, "economics_5")->text().isEmpty());
+    Find<QAbstractButton>(econ, "okey")->click();
+    EXPECT_EQ(shell_->session().model.flags.TaskDone[3], 1);
+
+    ASSERT_TRUE(Find<QMenu>(hub, "dtbase")->menuAction()->isEnabled());
+    Find<QAction>(hub, "dbase_1")->trigger();
+    QWidget* catalog = shell_->catalog();
+    ASSERT_TRUE(catalog->isVisible());
+    EXPECT_FALSE(Find<QLineEdit>(catalog, "UF_1")->text().isEmpty());
+    Snapshot(catalog, "catalog");
+    Find<QAbstractButton>(catalog, "Cancel")->click();
+    Find<QAction>(hub, "dbase_3")->trigger();
+    QWidget* hvac = shell_->hvac();
+    ASSERT_TRUE(hvac->isVisible());
+    EXPECT_FALSE(Find<QLineEdit>(hvac, "Des_1")->text().isEmpty());
+    Snapshot(hvac, "hvac");
+    Find<QAbstractButton>(hvac, "Command2")->click();
+    EXPECT_FALSE(hvac->isVisible());
 }
 
 }  // namespace

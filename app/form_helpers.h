@@ -1,0 +1,29 @@
+// Small builders for the screens: named edit boxes, buttons and labels.
+#pragma once
+
+#include <QString>
+#include <string>
+#include <utility>
+
+class QBoxLayout;
+class QGridLayout;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QWidget;
+
+namespace solvane {
+
+class FieldEdits;
+
+// An edit box named `name`, bound to the screen's fields through `edits`.
+QLineEdit* AddEdit(QGridLayout* grid, int row, int column, const QString& name, FieldEdits* edits,
+                   int width = 0);
+QPushButton* AddButton(QBoxLayout* layout, const QString& name, const QString& caption);
+QLabel* AddLabel(QGridLayout* grid, int row, int column, const QString& name,
+                 const QString& caption = {});
+
+// "name_3" -> ("name", 3); the index is -1 when there is none.
+std::pair<std::string, int> SplitFieldName(const std::string& field);
+
+}  // namespace solvane
