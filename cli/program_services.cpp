@@ -35,6 +35,7 @@ ProjectFileHooks MakeProjectFileHooks() {
     hooks.buildingTypeOccupancy = [](Session& s, int type) {
         return BuildingTypeOccupancy(s, type);
     };
+    hooks.showCodeBanner = [](Session& s) { ShowCodeBanner(s); };
     return hooks;
 }
 

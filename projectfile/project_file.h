@@ -28,6 +28,8 @@ struct ProjectFileHooks {
     // People per 1000 floor area units for a building type: column 6 of its
     // row of \Codes\BType2020-Defaults.txt.
     std::function<double(Session&, int buildingType)> buildingTypeOccupancy;
+    // Paints the hub's code banner for the code the file holds.
+    std::function<void(Session&)> showCodeBanner;
 };
 
 // Raised when a project file cannot be written (its matrix file is missing).

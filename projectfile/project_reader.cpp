@@ -140,6 +140,8 @@ void Reader::ReadProjectBlock() {
     m_.BuildingFloorArea = m_.BuildingFloorAreaEntered = static_cast<float>(NumVal(pd[kFloorArea]));
     if (ps.CodeNum < 0 || ps.CodeNum > 3) r_.Fail(kSubscript);
     ps.CodeName = pd[kCodeNameCopy] = s_.labels.CodeTitle[ps.CodeNum];
+    // The code read is frozen: its banner shows, the code icons go.
+    if (hooks_.showCodeBanner) hooks_.showCodeBanner(s_);
 
     // The default area per person of the building type.
     if (hooks_.buildingTypeOccupancy) {

@@ -8,15 +8,18 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QRadioButton>
 #include <QTest>
 
 #include <filesystem>
+#include <fstream>
 
 #include "app/app_shell.h"
 #include "app/catalogs.h"
 #include "app/economics.h"
+#include "app/file_forms.h"
 #include "app/mainform.h"
 #include "app/mainmenu.h"
 #include "app/projectinfo.h"
@@ -200,6 +203,54 @@ TEST_F(AppShellTest, CodeWeatherTypeEconomicsAndCatalogsFromTheHub) {
     Snapshot(hvac, "hvac");
     Find<QAbstractButton>(hvac, "Command2")->click();
     EXPECT_FALSE(hvac->isVisible());
+}
+
+TEST_F(AppShellTest, OpenASampleSaveItInTheOtherUnitsAndOpenThatFile) {
+    Begin("unitnum_1");
+    QWidget* hub = shell_->mainmenu();
+    Find<QAbstractButton>(hub, "Picture1")->click();
+    QWidget* samples = shell_->sampleFileForm();
+    ASSERT_TRUE(samples->isVisible());
+    auto* list = Find<QListWidget>(samples, "File1");
+    ASSERT_EQ(list->count(), 2);
+    EXPECT_EQ(list->item(0)->text(), "Office .inp");
+    list->setCurrentRow(0);
+    Find<QAbstractButton>(samples, "OK")->click();
+    EXPECT_FALSE(samples->isVisible());
+    EXPECT_TRUE(hub->isVisible());
+    EXPECT_EQ(prompt_.asked.back().title, "Sample Project Retrieved");
+    const ProjectModel& m = shell_->session().model;
+    EXPECT_EQ(m.ProjectData[kProjName], "Test Office");
+    EXPECT_GT(m.zones.NumZones, 0);
+    EXPECT_EQ(Find<QLabel>(hub, "Label8")->text().left(10), "90.1-2019 ");
+
+    // Save it in SI under a new name.
+    Find<QAction>(hub, "saveinput")->trigger();
+    QWidget* save = shell_->saveInputForm();
+    ASSERT_TRUE(save->isVisible());
+    Find<QLineEdit>(save, "inputname")
+        ->setText(QString::fromStdString((root_ / "office-si").string()));
+    Find<QRadioButton>(save, "unitsave_2")->setChecked(true);
+    Find<QAbstractButton>(save, "OK")->click();
+    EXPECT_FALSE(save->isVisible());
+    const fs::path saved = root_ / "office-si.inp";
+    ASSERT_TRUE(fs::exists(saved));
+    std::ifstream in(saved);
+    std::string head;
+    std::getline(in, head);
+    EXPECT_EQ(head.substr(head.size() - 3), "SI\r");
+
+    // Open what was saved.
+    prompt_.Queue(Answer::Yes);  // the unsaved-data warning
+    Find<QAction>(hub, "retrieveitem")->trigger();
+    QWidget* open = shell_->oldFileForm();
+    ASSERT_TRUE(open->isVisible());
+    Find<QLineEdit>(open, "retrievefile")->setText(QString::fromStdString(saved.string()));
+    Find<QAbstractButton>(open, "OK")->click();
+    EXPECT_FALSE(open->isVisible());
+    EXPECT_EQ(prompt_.asked.back().title, "Project Retrieved");
+    EXPECT_EQ(shell_->session().model.session.Units, 2);
+    EXPECT_EQ(shell_->session().model.ProjectData[kProjName], "Test Office");
 }
 
 }  // namespace
