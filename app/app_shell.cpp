@@ -35,6 +35,7 @@ void AppShell::MakeControllers() {
     exitServices.writeProjectFile = [](Session& session, Prompt& p) {
         return WriteProjectFileTo(session, p, session.model.session.InputFileName, false);
     };
+    exitServices.clearStagedZones = ClearStagedZones;
     warningController_ = std::make_unique<ExitWarningController>(s, prompt_, exitServices);
     oldFileController_ = std::make_unique<OldFileFormController>(s, prompt_, projectFileHooks_);
     sampleController_ = std::make_unique<SampleFileFormController>(s, prompt_, projectFileHooks_);

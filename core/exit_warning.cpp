@@ -1,25 +1,12 @@
 #include "core/exit_warning.h"
-
-#include <fnmatch.h>
-
-#include <filesystem>
-
 namespace solvane {
 
 ExitWarningController::ExitWarningController(Session& session, Prompt& prompt,
                                              ExitServices services)
     : session_(session), prompt_(prompt), services_(std::move(services)) {}
 
-// The zone staging files \temp\temp<n>.zon are working copies only.
-void ExitWarningController::DeleteStagingFiles() {
-    std::error_code ec;
-    const auto temp = session_.paths.Resolve("\\temp");
-    for (std::filesystem::directory_iterator it(temp, ec), end; !ec && it != end;
-         it.increment(ec)) {
-        const std::string name = it->path().filename().string();
-        if (fnmatch("temp*.zon", name.c_str(), FNM_CASEFOLD) == 0)
-            std::filesystem::remove(it->path(), ec);
-    }
+void ExitWarningController::ClearStagingFiles() {
+    if (services_.clearStagedZones) services_.clearStagedZones(session_, prompt_);
 }
 
 Navigation ExitWarningController::Okey() {
@@ -27,7 +14,7 @@ Navigation ExitWarningController::Okey() {
     const bool savedBefore = m.flags.InputFileSavedOnce == 1 || m.flags.ProjectFromFile == 1;
     if (savedBefore && services_.writeProjectFile) {
         if (!services_.writeProjectFile(session_, prompt_)) return {};
-        DeleteStagingFiles();
+        ClearStagingFiles();
         return {Screen::None, false, true};
     }
     if (session_.Available(Screen::SaveInputForm)) {
@@ -47,7 +34,7 @@ Navigation ExitWarningController::Command1() {
         m.flags.ExitAfterSave = 1;
         return {Screen::SaveOutForm, true, false};
     }
-    DeleteStagingFiles();
+    ClearStagingFiles();
     return {Screen::None, false, true};
 }
 

@@ -12,6 +12,8 @@ namespace solvane {
 struct ExitServices {
     // Writes the project file under its current name; false on failure.
     std::function<bool(Session&, Prompt&)> writeProjectFile;
+    // Deletes the zone staging files when the project has anything they stand for.
+    std::function<void(Session&, Prompt&)> clearStagedZones;
 };
 
 class ExitWarningController {
@@ -23,7 +25,7 @@ class ExitWarningController {
     Navigation Cancel();    // back to the hub
 
   private:
-    void DeleteStagingFiles();
+    void ClearStagingFiles();
 
     Session& session_;
     Prompt& prompt_;

@@ -319,14 +319,16 @@ TEST_F(TaskFlowTest, ExitOffersToSaveAndEndsOnlyThroughTheWarningScreen) {
     hub.Exit();
     EXPECT_EQ(session_.warning.Text("Label1"), "Alert! Do you want to save your input ?");
 
-    std::ofstream(root_ / "temp" / "temp3.zon") << "x";
-    ExitWarningController warning(session_, prompt_);
+    int clears = 0;
+    ExitServices services;
+    services.clearStagedZones = [&](Session&, Prompt&) { ++clears; };
+    ExitWarningController warning(session_, prompt_, services);
     EXPECT_EQ(warning.Cancel().show, Screen::MainMenu);
     session_.model.flags.RunDone = 1;
     prompt_.Queue(Answer::No);
     EXPECT_TRUE(warning.Command1().endProgram);
     EXPECT_EQ(prompt_.asked.back().title, "Save output");
-    EXPECT_FALSE(fs::exists(root_ / "temp" / "temp3.zon"));
+    EXPECT_EQ(clears, 1);
 }
 
 TEST(ShortFileName, KeepsShortNamesWhole) {
