@@ -13,6 +13,8 @@ struct Options {
     std::vector<std::string> arguments;
     bool help = false;
     bool version = false;
+    bool passive = false;        // --passive: comfort analysis without HVAC
+    bool repeatWeather = false;  // --repeat-weather: the fixed weather sequence
 };
 
 // Parses the arguments; on a mistake returns false with the reason in `error`.
@@ -25,5 +27,10 @@ void PrintHelp(std::ostream& out);
 // the process exit code.
 int RunCheck(const Options& options, const std::string& executable, std::ostream& out,
              std::ostream& err);
+
+// Opens a project, runs the engine on it in the program folder's temp, and
+// prints the engine's record and report. Returns the process exit code.
+int RunProject(const Options& options, const std::string& executable, std::ostream& out,
+               std::ostream& err);
 
 }  // namespace solvane::cli

@@ -21,6 +21,7 @@ int main(int argc, char** argv) {
         return options.help ? 0 : 2;
     }
     if (options.command == "check") return RunCheck(options, argv[0], std::cout, std::cerr);
+    if (options.command == "run") return RunProject(options, argv[0], std::cout, std::cerr);
     std::cerr << "solvane-cli: unknown command " << options.command << "\n";
     PrintHelp(std::cerr);
     return 2;

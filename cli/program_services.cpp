@@ -1,11 +1,14 @@
 #include "cli/program_services.h"
 
+#include <random>
+
 #include "code/building_types.h"
 #include "code/code_selection.h"
 #include "core/text_file.h"
 #include "projectfile/file_dialogs.h"
 #include "propertydb/envelope_defaults.h"
 #include "propertydb/schedule_library.h"
+#include "run/engine_contract.h"
 
 namespace solvane {
 
@@ -45,6 +48,12 @@ HubServices MakeHubServices() {
     services.selectCode = [](Session& s, Prompt& p, int icon) { SelectCode(s, p, icon); };
     services.showCodeStatus = [](Prompt& p) { ShowCodeStatus(p); };
     services.readHeadLine = [](Session& s) { ReadHeadLine(s.model); };
+    // The run without A/C from the menu sends the project as it stands.
+    services.writeEngineInput = [](Session& s, Prompt& p) {
+        std::random_device device;
+        std::uniform_real_distribution<double> uniform(0.0, 1.0);
+        return WriteEngineInput(s, p, false, [&] { return uniform(device); });
+    };
     return services;
 }
 

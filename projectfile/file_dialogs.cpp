@@ -407,15 +407,19 @@ void SaveInputFormController::ChooseFile(int index) {
 // The seed is the text of a random number below 1; it must fit the ten
 // columns the head line keeps for it, so a draw that prints longer (an
 // exponent form) is drawn again.
+std::string WeatherSeedText(double random) {
+    float f = static_cast<float>(random);
+    if (f >= 1.0f) f = std::nextafter(1.0f, 0.0f);
+    if (f < 0.0f) f = 0.0f;
+    std::string text = NumText(f);
+    return text.size() <= 10 ? text : std::string();
+}
+
 std::string SaveInputFormController::NewSeed() {
     std::uniform_real_distribution<double> uniform(0.0, 1.0);
     for (;;) {
-        double r = random_ ? random_() : uniform(engine_);
-        float f = static_cast<float>(r);
-        if (f >= 1.0f) f = std::nextafter(1.0f, 0.0f);
-        if (f < 0.0f) f = 0.0f;
-        std::string text = NumText(f);
-        if (text.size() <= 10) return text;
+        std::string text = WeatherSeedText(random_ ? random_() : uniform(engine_));
+        if (!text.empty()) return text;
     }
 }
 

@@ -139,6 +139,10 @@ class SampleFileFormController {
 
 // ---- saving ---------------------------------------------------------------------------
 
+// The text of a random number from 0 up to but not including 1, as a weather
+// seed; empty when its text would not fit the seed's ten characters.
+std::string WeatherSeedText(double random);
+
 // Writes the project to `path` with its head line, in the project's units or
 // in the other system; the old file stays whole when writing fails. The
 // user is told of a failure.

@@ -1,0 +1,61 @@
+#include "run/engine_process.h"
+
+#include <spawn.h>
+#include <strings.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cstring>
+#include <filesystem>
+#include <thread>
+
+extern char** environ;
+
+namespace solvane {
+
+EngineProcess StartEngine(const ProgramPaths& paths, std::string& error) {
+    const std::string program = paths.Resolve(kEngineName).string();
+    const std::string temp = paths.Resolve("temp").string();
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addchdir_np(&actions, temp.c_str());
+    char* argv[] = {const_cast<char*>(program.c_str()), nullptr};
+    pid_t pid = -1;
+    const int rc = posix_spawn(&pid, program.c_str(), &actions, nullptr, argv, environ);
+    posix_spawn_file_actions_destroy(&actions);
+    if (rc != 0) {
+        error = "cannot start " + program + ": " + std::strerror(rc);
+        return {};
+    }
+    return {pid, false, -1};
+}
+
+bool IsEngineRunning(EngineProcess& engine, int milliseconds) {
+    if (engine.finished || engine.pid <= 0) return false;
+    const auto until = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+    for (;;) {
+        int status = 0;
+        const pid_t r = waitpid(engine.pid, &status, WNOHANG);
+        if (r == engine.pid || (r < 0 && errno != EINTR)) {
+            // Ended, or no longer a child of ours: either way it is gone.
+            engine.finished = true;
+            engine.exitStatus = r == engine.pid && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+            return false;
+        }
+        if (std::chrono::steady_clock::now() >= until) return true;
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+}
+
+void DeleteComfortFiles(const ProgramPaths& paths) {
+    std::error_code ec;
+    for (std::filesystem::directory_iterator it(paths.Resolve("temp"), ec), end; !ec && it != end;
+         it.increment(ec)) {
+        if (strcasecmp(it->path().extension().c_str(), ".flt") == 0)
+            std::filesystem::remove(it->path(), ec);
+    }
+}
+
+}  // namespace solvane
