@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <cstring>
 #include <limits>
 #include <map>
 #include <stdexcept>
@@ -24,6 +26,7 @@ constexpr double kRoughness = 1.67;
 // window of it.
 struct HeatSurface {
     int sourceSurface = 0;
+    int construction = 0;
     Component component = kCompWalls;
     bool isWindow = false;
     bool internalMass = false;
@@ -37,11 +40,21 @@ struct HeatSurface {
     double groundConductance = 0;
     double windowConductance = 0;  // window: outdoor air to inside face, W/m2K
     double azimuth = 0;
+    double cosAzimuth = 1, sinAzimuth = 0;
     double windFactor = 1;  // wind at the surface over the wind of the weather
+    double windFactorWindward = 1, windFactorLeeward = 1;  // its powers 0.89 and 0.617
+    double skyShare = 0;   // share of the outside long-wave exchange with the sky
+    bool windward = true;  // set each hour from the wind direction
     NodeChain chain;
-    std::vector<double> t, tOld;  // node temperatures
-    std::vector<double> sa, sb;   // forward-sweep coefficients: T_j = sa_j + sb_j T_j+1
-    double mrtConductance = 0;    // W/m2K to the star node
+    std::vector<double> t;           // node temperatures
+    std::vector<double> capacityDt;  // node capacities over the step, W/m2K
+    // Interior nodes 1..n-2 have constant coefficients, so their elimination
+    // is done once: T_j = a_j + b_j T_j+1 + g_j T_0, with a_j from the last
+    // temperatures each step (`a`), and b_j, g_j and 1/d_j fixed; B1 and G1
+    // give node 1 in terms of the two faces.
+    std::vector<double> a, b, g, invD;
+    double B1 = 0, G1 = 0;
+    double mrtConductance = 0;  // W/m2K to the star node
     double insideConvection = 2.0;
     double beamShare = 0, diffuseShare = 0, radiantShare = 0;  // of zone totals absorbed here
     // Window only.
@@ -57,8 +70,22 @@ struct ZoneState {
 
 // TARP natural convection (Walton 1983), for a face whose normal points
 // along `cosUp` (1 up, -1 down) and is `dt` warmer than the air.
+// Cube root for the convection correlations: a bit-level first guess (Kahan,
+// within 3.2 %) and one Halley step, to about 4e-5 relative; a few times
+// cheaper than std::cbrt in the inner loop.
+double CubeRoot(double x) {
+    if (x <= 0) return 0;
+    std::uint64_t bits;
+    std::memcpy(&bits, &x, sizeof bits);
+    bits = bits / 3 + 0x2A9F7893782DA1CEull;
+    double y;
+    std::memcpy(&y, &bits, sizeof y);
+    const double y3 = y * y * y;
+    return y * (y3 + 2 * x) / (2 * y3 + x);
+}
+
 double NaturalConvection(double dt, double cosUp) {
-    const double a = std::cbrt(std::abs(dt));
+    const double a = CubeRoot(std::abs(dt));
     if (std::abs(cosUp) < 0.05) return std::max(1.31 * a, 0.1);
     const bool enhanced = (dt > 0 && cosUp > 0) || (dt < 0 && cosUp < 0);
     const double c = std::abs(cosUp);
@@ -67,18 +94,19 @@ double NaturalConvection(double dt, double cosUp) {
 
 // DOE-2 exterior convection: natural part and the MoWiTT forced correlation
 // for smooth glass, scaled by roughness (Yazdanian & Klems 1994).
-double OutsideConvection(double dt, double cosUp, double wind, bool windward) {
+// `windPower` is the wind speed at the surface raised to 0.89 (windward) or
+// 0.617 (leeward).
+double OutsideConvection(double dt, double cosUp, double windPower, bool windward) {
     const double hn = NaturalConvection(dt, cosUp);
-    if (wind <= 0) return hn;
-    const double a = windward ? 3.26 : 3.55, b = windward ? 0.89 : 0.617;
-    const double forced = a * std::pow(wind, b);
+    if (windPower <= 0) return hn;
+    const double forced = (windward ? 3.26 : 3.55) * windPower;
     const double hGlass = std::sqrt(hn * hn + forced * forced);
     return hn + kRoughness * (hGlass - hn);
 }
 
 // Carroll's MRT factors: F_i = 1 / (1 - A_i F_i / sum A_j F_j + (1-e_i)/e_i),
 // iterated to a fixed point.
-void SetMrtConductances(ZoneState& z, const Building& b, const Zone& zone) {
+void SetMrtConductances(ZoneState& z, const Building& b) {
     const std::size_t n = z.surfaces.size();
     std::vector<double> f(n, 1.0), e(n, 0.9);
     for (std::size_t i = 0; i < n; ++i) {
@@ -86,7 +114,7 @@ void SetMrtConductances(ZoneState& z, const Building& b, const Zone& zone) {
         if (s.isWindow)
             e[i] = 0.84;
         else
-            e[i] = b.constructions[zone.surfaces[s.sourceSurface].construction].insideEmissivity;
+            e[i] = b.constructions[s.construction].insideEmissivity;
     }
     for (int iter = 0; iter < 50; ++iter) {
         double sum = 0;
@@ -140,12 +168,15 @@ ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<Windo
             (s.boundary == Boundary::Outdoors) ? FindOrientation(orients, s.azimuth, s.tilt) : -1;
         HeatSurface h;
         h.sourceSurface = static_cast<int>(si);
+        h.construction = s.construction;
         h.component = ComponentOf(s.kind);
         h.internalMass = s.kind == SurfaceClass::InternalMass;
         h.boundary = s.boundary;
         h.area = std::max(s.area - windowArea, 0.0);
         h.cosTilt = std::cos(s.tilt * kDeg);
         h.azimuth = s.azimuth;
+        h.cosAzimuth = std::cos(s.azimuth * kDeg);
+        h.sinAzimuth = std::sin(s.azimuth * kDeg);
         h.orientation = orient;
         h.outsideAbsorptance = c.outsideAbsorptance;
         h.outsideEmissivity = c.outsideEmissivity;
@@ -153,6 +184,15 @@ ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<Windo
         h.windFactor =
             std::pow(270.0 / 10.0, 0.14) *
             std::pow(std::max(s.height, 0.5) / b.terrain.layerThickness, b.terrain.exponent);
+        h.windFactorWindward = std::pow(h.windFactor, 0.89);
+        h.windFactorLeeward = std::pow(h.windFactor, 0.617);
+        {
+            // View to the sky, of which the part near the horizon radiates
+            // at air temperature: sky share F * sqrt(F) (Walton, TARP 1983).
+            const double fView =
+                s.boundary == Boundary::Outdoors ? 0.5 * (1 + std::cos(s.tilt * kDeg)) : 0.0;
+            h.skyShare = fView * std::sqrt(fView);
+        }
         h.groundTemperature = s.groundTemperature;
         h.groundConductance = s.groundResistance > 0 ? 1.0 / s.groundResistance : 1000.0;
         h.chain = Discretise(c, dt);
@@ -175,11 +215,72 @@ ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<Windo
             z.surfaces.push_back(wh);
         }
     }
+    // Faces that are alike in every respect but area (same plane, make,
+    // boundary and shading) keep one node chain: their temperatures are the
+    // same at every step, and being coplanar they exchange no radiation with
+    // one another, so one face of the summed area is exact.
+    std::vector<HeatSurface> merged;
+    for (HeatSurface& h : z.surfaces) {
+        auto same = [&](const HeatSurface& m) {
+            if (m.isWindow != h.isWindow || m.internalMass != h.internalMass ||
+                m.component != h.component || m.boundary != h.boundary ||
+                m.construction != h.construction || m.windowType != h.windowType ||
+                m.orientation != h.orientation || m.cosTilt != h.cosTilt ||
+                m.azimuth != h.azimuth || m.windFactor != h.windFactor ||
+                m.groundReflectance != h.groundReflectance ||
+                m.groundConductance != h.groundConductance ||
+                m.windowConductance != h.windowConductance)
+                return false;
+            const bool nanA = std::isnan(m.groundTemperature),
+                       nanB = std::isnan(h.groundTemperature);
+            if (nanA != nanB || (!nanA && m.groundTemperature != h.groundTemperature)) return false;
+            if (h.isWindow) {
+                const WindowShading &a = m.window->shading, &c = h.window->shading;
+                if (a.overhangProjection != c.overhangProjection ||
+                    a.overhangTransmittance != c.overhangTransmittance ||
+                    a.leftFinProjection != c.leftFinProjection ||
+                    a.rightFinProjection != c.rightFinProjection ||
+                    a.obstruction != c.obstruction || a.blind != c.blind)
+                    return false;
+            }
+            return true;
+        };
+        auto it = std::find_if(merged.begin(), merged.end(), same);
+        if (it == merged.end())
+            merged.push_back(h);
+        else
+            it->area += h.area;
+    }
+    z.surfaces = std::move(merged);
     for (HeatSurface& h : z.surfaces) {
         h.t.assign(h.chain.capacity.size(), 20.0);
-        h.tOld = h.t;
+        h.capacityDt.clear();
+        for (double c : h.chain.capacity) h.capacityDt.push_back(c / dt);
+        const std::size_t n = h.t.size();
+        h.a.assign(n, 0.0);
+        h.b.assign(n, 0.0);
+        h.g.assign(n, 0.0);
+        h.invD.assign(n, 0.0);
+        if (n >= 3) {
+            const double* k = h.chain.conductance.data();
+            for (std::size_t j = 1; j + 1 < n; ++j) {
+                const double d =
+                    h.capacityDt[j] + k[j - 1] + k[j] - (j > 1 ? k[j - 1] * h.b[j - 1] : 0.0);
+                h.invD[j] = 1.0 / d;
+                h.b[j] = k[j] * h.invD[j];
+                h.g[j] = (j == 1 ? k[0] : k[j - 1] * h.g[j - 1]) * h.invD[j];
+            }
+            // Node 1 in terms of the faces: fold b and g down from node n-2.
+            double bb = h.b[n - 2], gg = h.g[n - 2];
+            for (std::size_t j = n - 2; j-- > 1;) {
+                gg = h.g[j] + h.b[j] * gg;
+                bb = h.b[j] * bb;
+            }
+            h.B1 = bb;
+            h.G1 = gg;
+        }
     }
-    SetMrtConductances(z, b, zone);
+    SetMrtConductances(z, b);
     // Solar shares: transmitted beam falls on the floors and is absorbed by
     // their inside absorptance; what they reflect joins the diffuse, which
     // is absorbed in proportion to area times absorptance. The windows'
@@ -191,7 +292,7 @@ ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<Windo
     }
     auto insideAbs = [&](const HeatSurface& h) {
         if (h.isWindow) return 1.0 - optics[h.windowType].diffuseReflectance;
-        return b.constructions[zone.surfaces[h.sourceSurface].construction].insideAbsorptance;
+        return b.constructions[h.construction].insideAbsorptance;
     };
     for (const HeatSurface& h : z.surfaces) absorbing += h.area * insideAbs(h);
     double beamReflected = 0;
@@ -265,9 +366,10 @@ double BlindFactor(int blind, double beamOnGlass) {
 
 // What one zone sees in one step.
 struct StepInputs {
-    double tOut = 0, tSky = 0, wind = 0, windDirection = 0, tGround = 10;
-    double gInfiltration = 0, gOutdoorAir = 0;  // W/K
-    double convective = 0;                      // internal gains to the air, W
+    double tOut = 0, tSky = 0, tGround = 10;
+    double windPowerWindward = 0, windPowerLeeward = 0;  // weather wind ^0.89, ^0.617
+    double gInfiltration = 0, gOutdoorAir = 0;           // W/K
+    double convective = 0;                               // internal gains to the air, W
     double tHeat = -1e30, tCool = 1e30;
     double heatCapacity = 1e30, coolCapacity = 1e30;
 };
@@ -286,10 +388,10 @@ StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<doubl
     double a0 = 0, a1 = 0, a2 = 0;  // air node:   a1 Ta + a2 Tm - a0 = Q
     thread_local std::vector<double> W, E, hOut, tEq;
     W.resize(ns), E.resize(ns), hOut.resize(ns), tEq.resize(ns);
+    const double skyK = in.tSky + kKelvin, airK = in.tOut + kKelvin;
     for (std::size_t i = 0; i < ns; ++i) {
         HeatSurface& h = st.surfaces[i];
         const std::size_t n = h.t.size();
-        h.tOld = h.t;
         double ho = 0, te = in.tOut;
         if (h.isWindow) {
             ho = h.windowConductance;
@@ -301,46 +403,52 @@ StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<doubl
         } else {
             const double ts = h.t[0];
             const bool sunlit = h.boundary == Boundary::Outdoors;
-            const double v = sunlit ? in.wind * h.windFactor : 0.0;
-            double rel = std::fmod(std::abs(in.windDirection - h.azimuth), 360.0);
-            if (rel > 180) rel = 360 - rel;
-            const bool windward = std::abs(h.cosTilt) > 0.99 || rel <= 90;
-            const double hc = OutsideConvection(ts - in.tOut, h.cosTilt, v, windward);
-            // View to the sky, of which the part near the horizon radiates
-            // at air temperature: sky share F * sqrt(F) (Walton, TARP 1983).
-            const double fView = sunlit ? 0.5 * (1 + h.cosTilt) : 0.0;
-            const double fSky = fView * std::sqrt(fView);
-            const double tsK = ts + kKelvin, skyK = in.tSky + kKelvin, airK = in.tOut + kKelvin;
-            const double e = h.outsideEmissivity;
-            const double hSky = e * kSigma * fSky * (tsK * tsK + skyK * skyK) * (tsK + skyK);
-            const double hGnd = e * kSigma * (1 - fSky) * (tsK * tsK + airK * airK) * (tsK + airK);
+            const double power = !sunlit ? 0.0
+                                         : (h.windward ? in.windPowerWindward * h.windFactorWindward
+                                                       : in.windPowerLeeward * h.windFactorLeeward);
+            const double hc = OutsideConvection(ts - in.tOut, h.cosTilt, power, h.windward);
+            const double tsK = ts + kKelvin;
+            const double es = h.outsideEmissivity * kSigma;
+            const double hSky = es * h.skyShare * (tsK * tsK + skyK * skyK) * (tsK + skyK);
+            const double hGnd = es * (1 - h.skyShare) * (tsK * tsK + airK * airK) * (tsK + airK);
             ho = hc + hSky + hGnd;
             te = (hc * in.tOut + hSky * in.tSky + hGnd * in.tOut + outsideSolar[i]) / ho;
         }
         hOut[i] = ho;
         tEq[i] = te;
-        // Forward sweep from the outside face to the inside face.
-        h.sa.resize(n);
-        h.sb.resize(n);
-        double diag = 0, rhs = 0;
-        for (std::size_t j = 0; j < n; ++j) {
-            const double cdt = h.chain.capacity[j] / dt;
-            diag = cdt;
-            rhs = cdt * h.tOld[j];
-            if (j == 0) {
-                diag += ho;
-                rhs += ho * te;
-            } else {
-                const double kp = h.chain.conductance[j - 1];
-                diag += kp * (1 - h.sb[j - 1]);
-                rhs += kp * h.sa[j - 1];
-            }
-            if (j + 1 < n) {
-                const double kj = h.chain.conductance[j];
-                diag += kj;
-                h.sa[j] = rhs / diag;
-                h.sb[j] = kj / diag;
-            }
+        // Reduce the chain to its inside face: diag T_s = rhs + room terms.
+        // The nodes still hold the last step's temperatures. The outside
+        // face comes out as T_0 = P + Q T_s (kept in a[0], b[0]).
+        const double* cap = h.capacityDt.data();
+        const double* k = h.chain.conductance.data();
+        const double* t = h.t.data();
+        double diag, rhs;
+        if (n == 1) {
+            diag = cap[0] + ho;
+            rhs = cap[0] * t[0] + ho * te;
+        } else if (n == 2) {
+            const double inv = 1.0 / (cap[0] + ho + k[0]);
+            const double P = (cap[0] * t[0] + ho * te) * inv, Q = k[0] * inv;
+            h.a[0] = P, h.b[0] = Q;
+            diag = cap[1] + k[0] * (1 - Q);
+            rhs = cap[1] * t[1] + k[0] * P;
+        } else {
+            double* a = h.a.data();
+            const double* b = h.b.data();
+            const double* g = h.g.data();
+            const double* invD = h.invD.data();
+            a[1] = cap[1] * t[1] * invD[1];
+            for (std::size_t j = 2; j + 1 < n; ++j)
+                a[j] = (cap[j] * t[j] + k[j - 1] * a[j - 1]) * invD[j];
+            double A1 = a[n - 2];
+            for (std::size_t j = n - 2; j-- > 1;) A1 = a[j] + b[j] * A1;
+            const double inv = 1.0 / (cap[0] + ho + k[0] - k[0] * h.G1);
+            const double P = (cap[0] * t[0] + ho * te + k[0] * A1) * inv;
+            const double Q = k[0] * h.B1 * inv;
+            h.a[0] = P, h.b[0] = Q;
+            const double kl = k[n - 2];
+            diag = cap[n - 1] + kl * (1 - b[n - 2] - g[n - 2] * Q);
+            rhs = cap[n - 1] * t[n - 1] + kl * (a[n - 2] + g[n - 2] * P);
         }
         // Inside face: diag T_s = rhs + hc (Ta - T_s) + hr (Tm - T_s) + source.
         const double cosInside = -h.cosTilt;
@@ -390,13 +498,26 @@ StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<doubl
         HeatSurface& h = st.surfaces[i];
         const std::size_t n = h.t.size();
         const double hc = h.insideConvection, hr = h.mrtConductance, A = h.area;
-        h.t[n - 1] = W[i] * (E[i] + hc * ta + hr * tm);
-        for (std::size_t j = n - 1; j-- > 0;) h.t[j] = h.sa[j] + h.sb[j] * h.t[j + 1];
-        const double ts = h.t[n - 1];
+        double* t = h.t.data();
+        const double* cap = h.capacityDt.data();
+        const double tsNew = W[i] * (E[i] + hc * ta + hr * tm);
+        double dStored = cap[n - 1] * (tsNew - t[n - 1]);
+        t[n - 1] = tsNew;
+        if (n >= 2) {
+            const double t0 = h.a[0] + h.b[0] * tsNew;
+            double next = tsNew;
+            for (std::size_t j = n - 1; j-- > 1;) {
+                next = h.a[j] + h.b[j] * next + h.g[j] * t0;
+                dStored += cap[j] * (next - t[j]);
+                t[j] = next;
+            }
+            dStored += cap[0] * (t0 - t[0]);
+            t[0] = t0;
+        }
+        stored += A * dStored;
+        const double ts = t[n - 1];
         const double body = A * (hc * (ts - ta) + hr * (ts - tm)) - src[i];
         r.gains[h.component] += body;
-        for (std::size_t j = 0; j < n; ++j)
-            stored += A * h.chain.capacity[j] / dt * (h.t[j] - h.tOld[j]);
         addFlow(A * hOut[i] * (tEq[i] - h.t[0]));
         addFlow(src[i]);
     }
@@ -492,6 +613,22 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
             for (std::size_t o = 0; o < orients.size(); ++o)
                 irr[o] = IrradianceOn(sky, orients[o].normal, 0.0);
             const double groundDiffuseBase = sky.globalHorizontal;
+            const double windCos = std::cos(wh.windDirection * kDeg);
+            const double windSin = std::sin(wh.windDirection * kDeg);
+            // Step values the zones share: outdoor temperature, pressure and
+            // the wind's powers for the convection correlation.
+            struct StepWeather {
+                double tOut, pressure, powW, powL;
+            };
+            std::array<StepWeather, 60> stepWeather{};
+            for (int k = 1; k <= steps; ++k) {
+                const double frac = static_cast<double>(k) / steps;
+                const double wind = wp.windSpeed + (wh.windSpeed - wp.windSpeed) * frac;
+                stepWeather[k - 1] = {wp.dryBulb + (wh.dryBulb - wp.dryBulb) * frac,
+                                      wp.pressure + (wh.pressure - wp.pressure) * frac,
+                                      wind > 0 ? std::pow(wind, 0.89) : 0.0,
+                                      wind > 0 ? std::pow(wind, 0.617) : 0.0};
+            }
 
             for (std::size_t z = 0; z < b.zones.size(); ++z) {
                 const Zone& zone = b.zones[z];
@@ -517,11 +654,12 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                     const double beam = ir.beam * sf.beam;
                     const double diff = ir.skyDiffuse * sf.sky + ir.groundDiffuse;
                     const double blind = BlindFactor(h.window->shading.blind, beam);
-                    beamIn += op.Transmittance(ir.cosIncidence) * beam * h.area * blind;
+                    const double tb = beam > 0 ? op.Transmittance(ir.cosIncidence) : 0.0;
+                    const double ab = beam > 0 ? op.AbsorbedInward(ir.cosIncidence) : 0.0;
+                    beamIn += tb * beam * h.area * blind;
                     diffuseIn += op.diffuseTransmittance * diff * h.area * blind;
-                    windowAbsorbed[z][i] = (op.AbsorbedInward(ir.cosIncidence) * beam +
-                                            op.diffuseAbsorbedInward * diff) *
-                                           h.area * blind;
+                    windowAbsorbed[z][i] =
+                        (ab * beam + op.diffuseAbsorbedInward * diff) * h.area * blind;
                 }
                 auto prof = [&](int p) { return p < 0 ? 1.0 : b.profiles[p].At(weekday, hour); };
                 const ZoneGains& g = zone.gains;
@@ -541,7 +679,11 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 const bool hvac = zone.conditioned && !opt.hvacOff && !skipped;
                 StepInputs in;
                 in.tSky = tSky;
-                in.windDirection = wh.windDirection;
+                // Windward when the wind blows against the face (within 90
+                // degrees of its normal); roofs and floors count as windward.
+                for (HeatSurface& h : st.surfaces)
+                    h.windward = std::abs(h.cosTilt) > 0.99 ||
+                                 windCos * h.cosAzimuth + windSin * h.sinAzimuth >= -1e-12;
                 in.tGround = ground[month];
                 in.convective = people + lights + equip - radiant;
                 in.tHeat = (hvac && zone.heatingSetpointProfile >= 0)
@@ -561,10 +703,11 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 std::array<double, kComponentCount> heatComp{}, coolComp{};
                 double hIn = 0, hOut = 0, hStored = 0;
                 for (int k = 1; k <= steps; ++k) {
-                    const double frac = static_cast<double>(k) / steps;
-                    in.tOut = wp.dryBulb + (wh.dryBulb - wp.dryBulb) * frac;
-                    const double pressure = wp.pressure + (wh.pressure - wp.pressure) * frac;
-                    in.wind = wp.windSpeed + (wh.windSpeed - wp.windSpeed) * frac;
+                    const StepWeather& sw = stepWeather[k - 1];
+                    in.tOut = sw.tOut;
+                    const double pressure = sw.pressure;
+                    in.windPowerWindward = sw.powW;
+                    in.windPowerLeeward = sw.powL;
                     // Air changes count the zone's own air: the mass that
                     // leaves (and is replaced) is at the zone's density.
                     const double rhoCp = AirDensity(pressure, st.tAir) * kAirCp;
