@@ -22,6 +22,12 @@ constexpr double kInsideRadiation = 4 * kSigma * 293.15 * 293.15 * 293.15;
 // the class of stucco and brick; windows are rated with their own films.
 constexpr double kRoughness = 1.67;
 
+// Natural convection factors of |dT|^(1/3) for a face warmer and for a face
+// cooler than the air (see NaturalFactorsFor).
+struct NaturalFactors {
+    double warmer = 1.31, cooler = 1.31;
+};
+
 // One heat-exchanging face of a zone: the opaque part of a surface, or one
 // window of it.
 struct HeatSurface {
@@ -41,6 +47,7 @@ struct HeatSurface {
     double windowConductance = 0;  // window: outdoor air to inside face, W/m2K
     double azimuth = 0;
     double cosAzimuth = 1, sinAzimuth = 0;
+    NaturalFactors outsideNatural, insideNatural;  // the inside face looks the other way
     double windFactor = 1;  // wind at the surface over the wind of the weather
     double windFactorWindward = 1, windFactorLeeward = 1;  // its powers 0.89 and 0.617
     double skyShare = 0;   // share of the outside long-wave exchange with the sky
@@ -84,20 +91,29 @@ double CubeRoot(double x) {
     return y * (y3 + 2 * x) / (2 * y3 + x);
 }
 
-double NaturalConvection(double dt, double cosUp) {
-    const double a = CubeRoot(std::abs(dt));
-    if (std::abs(cosUp) < 0.05) return std::max(1.31 * a, 0.1);
-    const bool enhanced = (dt > 0 && cosUp > 0) || (dt < 0 && cosUp < 0);
+// The factor of |dT|^(1/3) for a face warmer and for a face cooler than the
+// air, fixed by the face's tilt: heat flowing upward is enhanced, downward
+// reduced, vertical faces take 1.31.
+NaturalFactors NaturalFactorsFor(double cosUp) {
+    NaturalFactors f;
     const double c = std::abs(cosUp);
-    return std::max(enhanced ? 9.482 * a / (7.238 - c) : 1.810 * a / (1.382 + c), 0.1);
+    if (c < 0.05) return f;
+    const double enhanced = 9.482 / (7.238 - c), reduced = 1.810 / (1.382 + c);
+    f.warmer = cosUp > 0 ? enhanced : reduced;
+    f.cooler = cosUp > 0 ? reduced : enhanced;
+    return f;
+}
+
+double NaturalConvection(double dt, const NaturalFactors& f) {
+    return std::max((dt > 0 ? f.warmer : f.cooler) * CubeRoot(std::abs(dt)), 0.1);
 }
 
 // DOE-2 exterior convection: natural part and the MoWiTT forced correlation
 // for smooth glass, scaled by roughness (Yazdanian & Klems 1994).
 // `windPower` is the wind speed at the surface raised to 0.89 (windward) or
 // 0.617 (leeward).
-double OutsideConvection(double dt, double cosUp, double windPower, bool windward) {
-    const double hn = NaturalConvection(dt, cosUp);
+double OutsideConvection(double dt, const NaturalFactors& f, double windPower, bool windward) {
+    const double hn = NaturalConvection(dt, f);
     if (windPower <= 0) return hn;
     const double forced = (windward ? 3.26 : 3.55) * windPower;
     const double hGlass = std::sqrt(hn * hn + forced * forced);
@@ -175,6 +191,8 @@ ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<Windo
         h.area = std::max(s.area - windowArea, 0.0);
         h.cosTilt = std::cos(s.tilt * kDeg);
         h.azimuth = s.azimuth;
+        h.outsideNatural = NaturalFactorsFor(h.cosTilt);
+        h.insideNatural = NaturalFactorsFor(-h.cosTilt);
         h.cosAzimuth = std::cos(s.azimuth * kDeg);
         h.sinAzimuth = std::sin(s.azimuth * kDeg);
         h.orientation = orient;
@@ -406,7 +424,7 @@ StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<doubl
             const double power = !sunlit ? 0.0
                                          : (h.windward ? in.windPowerWindward * h.windFactorWindward
                                                        : in.windPowerLeeward * h.windFactorLeeward);
-            const double hc = OutsideConvection(ts - in.tOut, h.cosTilt, power, h.windward);
+            const double hc = OutsideConvection(ts - in.tOut, h.outsideNatural, power, h.windward);
             const double tsK = ts + kKelvin;
             const double es = h.outsideEmissivity * kSigma;
             const double hSky = es * h.skyShare * (tsK * tsK + skyK * skyK) * (tsK + skyK);
@@ -451,8 +469,7 @@ StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<doubl
             rhs = cap[n - 1] * t[n - 1] + kl * (a[n - 2] + g[n - 2] * P);
         }
         // Inside face: diag T_s = rhs + hc (Ta - T_s) + hr (Tm - T_s) + source.
-        const double cosInside = -h.cosTilt;
-        h.insideConvection = NaturalConvection(h.t[n - 1] - st.tAir, cosInside);
+        h.insideConvection = NaturalConvection(h.t[n - 1] - st.tAir, h.insideNatural);
         const double hc = h.insideConvection, hr = h.mrtConductance, A = h.area;
         W[i] = 1.0 / (diag + hc + hr);
         E[i] = rhs + src[i] / A;
@@ -554,6 +571,7 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
     if (w.hours.size() != kHoursPerYear) throw std::runtime_error("weather must hold 8760 hours");
     const int steps = std::clamp(opt.stepsPerHour, 1, 60);
     const double dt = 3600.0 / steps;
+    const double invSteps = 1.0 / steps;
     const double siteDensity = AirDensity(StandardPressure(w.site.elevation), 20.0);
 
     std::vector<WindowOptics> optics;
@@ -714,22 +732,24 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                     in.gInfiltration = rhoCp * zone.volume * zone.infiltrationAch / 3600.0;
                     in.gOutdoorAir = rhoCp * oaFlow;
                     const StepResult r = StepZone(st, in, outsideSolar[z], src[z], dt);
-                    hourT += r.tAir / steps;
+                    hourT += r.tAir * invSteps;
                     std::array<double, kComponentCount> gains = r.gains;
                     gains[kCompWindowSolar] += solarTotal;
                     gains[kCompPeople] += people;
                     gains[kCompLights] += lights;
                     gains[kCompEquipment] += equip;
                     if (r.q > 0) {
-                        hourQh += r.q / steps;
-                        for (int c = 0; c < kComponentCount; ++c) heatComp[c] -= gains[c] / steps;
+                        hourQh += r.q * invSteps;
+                        for (int c = 0; c < kComponentCount; ++c)
+                            heatComp[c] -= gains[c] * invSteps;
                     } else if (r.q < 0) {
-                        hourQc -= r.q / steps;
-                        for (int c = 0; c < kComponentCount; ++c) coolComp[c] += gains[c] / steps;
+                        hourQc -= r.q * invSteps;
+                        for (int c = 0; c < kComponentCount; ++c)
+                            coolComp[c] += gains[c] * invSteps;
                     }
-                    hIn += r.in / steps;
-                    hOut += r.out / steps;
-                    hStored += r.stored / steps;
+                    hIn += r.in * invSteps;
+                    hOut += r.out * invSteps;
+                    hStored += r.stored * invSteps;
                 }
                 if (!record) continue;
                 // Hour totals (W over one hour = Wh).
