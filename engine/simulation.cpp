@@ -551,6 +551,34 @@ StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<doubl
 
 }  // namespace
 
+std::array<double, 12> GroundTemperatures(const WeatherYear& w, double depth) {
+    // Kusuda & Achenbach (1965): the annual air temperature wave damped and
+    // delayed by the soil, T = Tm - As exp(-d sqrt(pi / (365 a)))
+    // cos(2 pi / 365 (t - t0 - d / 2 sqrt(365 / (pi a)))), with a soil
+    // diffusivity a of 0.05 m2/day (moist soil, ASHRAE Fundamentals 2017
+    // ch. 18) and t0 the middle of the coldest month.
+    constexpr double kDiffusivity = 0.05;  // m2/day
+    std::array<double, 12> monthly{};
+    for (int m = 0; m < 12; ++m) {
+        const int a = kMonthStartDay[m] * 24, b = kMonthStartDay[m + 1] * 24;
+        for (int h = a; h < b; ++h) monthly[m] += w.hours[h].dryBulb / (b - a);
+    }
+    double mean = 0;
+    for (double v : monthly) mean += v / 12;
+    const auto [lo, hi] = std::minmax_element(monthly.begin(), monthly.end());
+    const double amplitude = (*hi - *lo) / 2;
+    const int cold = static_cast<int>(lo - monthly.begin());
+    const double t0 = 0.5 * (kMonthStartDay[cold] + kMonthStartDay[cold + 1]);
+    const double damping = std::exp(-depth * std::sqrt(kPiD / (365 * kDiffusivity)));
+    const double lag = depth / 2 * std::sqrt(365 / (kPiD * kDiffusivity));
+    std::array<double, 12> g{};
+    for (int m = 0; m < 12; ++m) {
+        const double t = 0.5 * (kMonthStartDay[m] + kMonthStartDay[m + 1]);
+        g[m] = mean - amplitude * damping * std::cos(2 * kPiD / 365 * (t - t0 - lag));
+    }
+    return g;
+}
+
 double SteadyConductance(const Building& b, int zi, const WeatherYear& weather) {
     const Zone& zone = b.zones[zi];
     double ua = 0;
@@ -595,16 +623,14 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
         zr.monthlyMinTemperature.fill(1e9);
     }
 
-    // Ground temperature by month: the weather's own, otherwise the annual
-    // mean air temperature.
-    std::array<double, 12> ground{};
-    {
-        double mean = 0;
-        for (const WeatherHour& h : w.hours) mean += h.dryBulb;
-        mean /= kHoursPerYear;
-        for (int m = 0; m < 12; ++m)
-            ground[m] = w.groundTemperatures.size() == 12 ? w.groundTemperatures[m] : mean;
-    }
+    const std::array<double, 12> ground = w.groundTemperatures.size() == 12
+                                               ? [&] {
+                                                     std::array<double, 12> g{};
+                                                     for (int m = 0; m < 12; ++m)
+                                                         g[m] = w.groundTemperatures[m];
+                                                     return g;
+                                                 }()
+                                               : GroundTemperatures(w, 0.5);
 
     std::vector<std::vector<double>> outsideSolar(zs.size()), src(zs.size()),
         windowAbsorbed(zs.size());

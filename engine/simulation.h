@@ -102,6 +102,11 @@ struct RunResults {
 RunResults Simulate(const Building& building, const WeatherYear& weather,
                     const RunOptions& options);
 
+// Monthly undisturbed ground temperatures (C) at `depth` metres from the
+// weather's air temperatures (Kusuda & Achenbach 1965); used when the weather
+// carries none (synthetic weather).
+std::array<double, 12> GroundTemperatures(const WeatherYear& weather, double depth);
+
 // Steady-state conductance (W/K) from the zone air to the outdoor air with
 // the given fixed films: the sum of U*A of the envelope plus infiltration.
 // A check of the inputs, not of the simulation.

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <string>
 #include <vector>
@@ -97,6 +98,34 @@ TEST(SyntheticWeather, Case600LoadsMatchTheRecordedYear) {
     }
     EXPECT_NEAR(heat, rec.heatingEnergy, 0.05 * rec.heatingEnergy);
     EXPECT_NEAR(cool, rec.coolingEnergy, 0.08 * rec.coolingEnergy);
+}
+
+}  // namespace
+}  // namespace solvane::engine
+
+namespace solvane::engine {
+namespace {
+
+TEST(GroundTemperatures, FollowTheAirDampedAndLate) {
+    // Against the Denver year's own ground record at 0.5 m: the same mean,
+    // coldest in January to March, warmest in July to September.
+    const WeatherYear epw = ReadEpwFile(kSource + "/tests/fixtures/weather/725650TYCST.epw");
+    const std::array<double, 12> g = GroundTemperatures(epw, 0.5);
+    double mean = 0, recMean = 0;
+    for (int m = 0; m < 12; ++m) mean += g[m] / 12, recMean += epw.groundTemperatures[m] / 12;
+    EXPECT_NEAR(mean, recMean, 1.5);
+    const int coldest = static_cast<int>(std::min_element(g.begin(), g.end()) - g.begin());
+    const int warmest = static_cast<int>(std::max_element(g.begin(), g.end()) - g.begin());
+    EXPECT_LE(coldest, 2);
+    EXPECT_GE(warmest, 6);
+    EXPECT_LE(warmest, 8);
+    // Damped: the swing is smaller than the air's monthly swing.
+    const MonthlyClimate c = ClimateOf(epw);
+    const double airSwing = (*std::max_element(c.dryBulbMean.begin(), c.dryBulbMean.end()) -
+                             *std::min_element(c.dryBulbMean.begin(), c.dryBulbMean.end())) /
+                            1.8;
+    EXPECT_LT(*std::max_element(g.begin(), g.end()) - *std::min_element(g.begin(), g.end()),
+              airSwing);
 }
 
 }  // namespace
