@@ -15,6 +15,7 @@
 #include "core/session.h"
 #include "core/text_file.h"
 #include "engine/control_file.h"
+#include "engine/custom_weather.h"
 #include "engine/epw_reader.h"
 #include "engine/project_translation.h"
 #include "engine/report.h"
@@ -96,13 +97,11 @@ int main() {
         if (ctx.control.weatherType == 0) {
             weather = SynthesizeWeather(in.climate, in.site, SeedFromText(head.weatherSeed));
             ctx.weatherSource = "SIMULATED FROM THE CLIMATE RECORD, SEED " + head.weatherSeed;
-        } else if (ctx.control.weatherType == 1) {
-            weather = ReadEpwFile(here / "ecalc$.tmy");
-            ctx.weatherSource = "RECORDED (EPW) " + weather.site.name;
         } else {
-            throw std::runtime_error("recorded weather format " +
-                                     std::to_string(ctx.control.weatherType) +
-                                     " is not read by this engine version; use EPW");
+            // The file is known by its content: EPW (IWEC data also comes in
+            // it) or the custom form of Helpinfo\custom.txt.
+            weather = ReadRecordedWeather(Read(here / "ecalc$.tmy"), "ecalc$.tmy");
+            ctx.weatherSource = "RECORDED " + weather.site.name;
         }
 
         RunOptions opt;
