@@ -351,9 +351,10 @@ ShadeFactors WindowShade(const WindowShading& sh, const SunPosition& sun, double
     }
     if (sun.aboveHorizon && (p > 0 || sh.leftFinProjection > 0 || sh.rightFinProjection > 0)) {
         const double az = azimuthDeg * kDeg;
-        // Sun in the window's frame: x to its right (seen from outside), y out, z up.
-        const double ex = std::cos(az), ey = -std::sin(az);  // right-hand unit vector (east, north)
-        const double x = -(sun.east * ex + sun.north * ey);
+        // Sun in the window's frame: x towards the right hand of someone
+        // outside facing the window, (-cos az, sin az) in (east, north); y
+        // along the outward normal. A fin on that side shades a sun there.
+        const double x = -sun.east * std::cos(az) + sun.north * std::sin(az);
         const double y = sun.east * std::sin(az) + sun.north * std::cos(az);
         if (y > 1e-6) {
             double lit = 1.0;

@@ -49,3 +49,55 @@ TEST(MultiZone, GeneratedOfficeBalancesAndAddsUp) {
 
 }  // namespace
 }  // namespace solvane::engine
+
+namespace solvane::engine {
+namespace {
+
+// A south window with a deep right fin (the east side, seen from outside)
+// gets less sun in the morning than the same window with the fin on the
+// left; an overhang cuts the summer noon sun more than the winter's.
+TEST(WindowShading, FinsAndOverhangFollowTheSun) {
+    const auto records = testing::ReadClimateRecords(std::string(SOLVANE_SOURCE_DIR) +
+                                                     "/tests/engine/climate_records.txt");
+    const WeatherYear w = SynthesizeWeather(records.at(0).climate, records.at(0).site, 5);
+    auto cell = [](WindowShading sh) {
+        Building b = GenerateOfficeBuilding(1, 6);
+        for (Surface& s : b.zones[0].surfaces) {
+            s.windows.clear();
+            if (s.kind == SurfaceClass::Wall && std::abs(s.azimuth - 195) < 1) {
+                Window win;
+                win.type = 0;
+                win.area = 6;
+                win.shading = sh;
+                s.windows.push_back(win);
+                break;
+            }
+        }
+        b.zones[0].conditioned = false;
+        return b;
+    };
+    RunOptions opt;
+    opt.stepsPerHour = 1;
+    auto morningGain = [&](const Building& b) {
+        const RunResults r = Simulate(b, w, opt);
+        double sum = 0;  // 9 and 10 a.m. air temperatures over the year
+        for (int d = 0; d < 365; ++d) sum += r.zones[0].airTemperature[d * 24 + 9];
+        return sum;
+    };
+    WindowShading right, left;
+    right.rightFinProjection = 2;
+    left.leftFinProjection = 2;
+    EXPECT_LT(morningGain(cell(right)), morningGain(cell(left)));
+    WindowShading over;
+    over.overhangProjection = 1;
+    const RunResults open = Simulate(cell({}), w, opt), shaded = Simulate(cell(over), w, opt);
+    const double julyCut =
+        open.zones[0].monthlyMeanTemperature[6] - shaded.zones[0].monthlyMeanTemperature[6];
+    const double janCut =
+        open.zones[0].monthlyMeanTemperature[0] - shaded.zones[0].monthlyMeanTemperature[0];
+    EXPECT_GT(julyCut, 0.0);
+    EXPECT_GT(julyCut, janCut);
+}
+
+}  // namespace
+}  // namespace solvane::engine
