@@ -62,6 +62,7 @@ struct HeatSurface {
     std::vector<double> a, b, g, invD;
     double B1 = 0, G1 = 0;
     double mrtConductance = 0;  // W/m2K to the star node
+    double invArea = 0;
     double insideConvection = 2.0;
     double beamShare = 0, diffuseShare = 0, radiantShare = 0;  // of zone totals absorbed here
     // Window only.
@@ -272,6 +273,7 @@ ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<Windo
     z.surfaces = std::move(merged);
     for (HeatSurface& h : z.surfaces) {
         h.t.assign(h.chain.capacity.size(), 20.0);
+        h.invArea = 1.0 / h.area;
         h.capacityDt.clear();
         for (double c : h.chain.capacity) h.capacityDt.push_back(c / dt);
         const std::size_t n = h.t.size();
@@ -343,19 +345,19 @@ ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<Windo
 struct ShadeFactors {
     double beam = 1, sky = 1;
 };
-ShadeFactors WindowShade(const WindowShading& sh, const SunPosition& sun, double azimuthDeg) {
+ShadeFactors WindowShade(const WindowShading& sh, const SunPosition& sun, double cosAz,
+                         double sinAz) {
     ShadeFactors f;
     const double p = sh.overhangProjection;
     if (p > 0) {
         f.sky = 1.0 - (1.0 + p - std::sqrt(1.0 + p * p)) * (1.0 - sh.overhangTransmittance);
     }
     if (sun.aboveHorizon && (p > 0 || sh.leftFinProjection > 0 || sh.rightFinProjection > 0)) {
-        const double az = azimuthDeg * kDeg;
         // Sun in the window's frame: x towards the right hand of someone
         // outside facing the window, (-cos az, sin az) in (east, north); y
         // along the outward normal. A fin on that side shades a sun there.
-        const double x = -sun.east * std::cos(az) + sun.north * std::sin(az);
-        const double y = sun.east * std::sin(az) + sun.north * std::cos(az);
+        const double x = -sun.east * cosAz + sun.north * sinAz;
+        const double y = sun.east * sinAz + sun.north * cosAz;
         if (y > 1e-6) {
             double lit = 1.0;
             if (p > 0) {
@@ -405,20 +407,22 @@ StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<doubl
     const std::size_t ns = st.surfaces.size();
     double m0 = 0, m1 = 0, m2 = 0;  // star node:  m1 Ta + m2 Tm = m0
     double a0 = 0, a1 = 0, a2 = 0;  // air node:   a1 Ta + a2 Tm - a0 = Q
-    thread_local std::vector<double> W, E, hOut, tEq;
-    W.resize(ns), E.resize(ns), hOut.resize(ns), tEq.resize(ns);
+    thread_local std::vector<double> W, E, hOut, hoTeOf;
+    W.resize(ns), E.resize(ns), hOut.resize(ns), hoTeOf.resize(ns);
     const double skyK = in.tSky + kKelvin, airK = in.tOut + kKelvin;
     for (std::size_t i = 0; i < ns; ++i) {
         HeatSurface& h = st.surfaces[i];
         const std::size_t n = h.t.size();
-        double ho = 0, te = in.tOut;
+        // Outside boundary: ho (T_eq - T_0), kept as ho and ho T_eq.
+        double ho = 0, hoTe = 0;
         if (h.isWindow) {
             ho = h.windowConductance;
+            hoTe = ho * in.tOut;
         } else if (h.boundary == Boundary::Adiabatic) {
             ho = 0;
         } else if (h.boundary == Boundary::Ground) {
             ho = h.groundConductance;
-            te = std::isnan(h.groundTemperature) ? in.tGround : h.groundTemperature;
+            hoTe = ho * (std::isnan(h.groundTemperature) ? in.tGround : h.groundTemperature);
         } else {
             const double ts = h.t[0];
             const bool sunlit = h.boundary == Boundary::Outdoors;
@@ -431,10 +435,10 @@ StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<doubl
             const double hSky = es * h.skyShare * (tsK * tsK + skyK * skyK) * (tsK + skyK);
             const double hGnd = es * (1 - h.skyShare) * (tsK * tsK + airK * airK) * (tsK + airK);
             ho = hc + hSky + hGnd;
-            te = (hc * in.tOut + hSky * in.tSky + hGnd * in.tOut + outsideSolar[i]) / ho;
+            hoTe = (hc + hGnd) * in.tOut + hSky * in.tSky + outsideSolar[i];
         }
         hOut[i] = ho;
-        tEq[i] = te;
+        hoTeOf[i] = hoTe;
         // Reduce the chain to its inside face: diag T_s = rhs + room terms.
         // The nodes still hold the last step's temperatures. The outside
         // face comes out as T_0 = P + Q T_s (kept in a[0], b[0]).
@@ -444,10 +448,10 @@ StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<doubl
         double diag, rhs;
         if (n == 1) {
             diag = cap[0] + ho;
-            rhs = cap[0] * t[0] + ho * te;
+            rhs = cap[0] * t[0] + hoTe;
         } else if (n == 2) {
             const double inv = 1.0 / (cap[0] + ho + k[0]);
-            const double P = (cap[0] * t[0] + ho * te) * inv, Q = k[0] * inv;
+            const double P = (cap[0] * t[0] + hoTe) * inv, Q = k[0] * inv;
             h.a[0] = P, h.b[0] = Q;
             diag = cap[1] + k[0] * (1 - Q);
             rhs = cap[1] * t[1] + k[0] * P;
@@ -462,7 +466,7 @@ StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<doubl
             double A1 = a[n - 2];
             for (std::size_t j = n - 2; j-- > 1;) A1 = a[j] + b[j] * A1;
             const double inv = 1.0 / (cap[0] + ho + k[0] - k[0] * h.G1);
-            const double P = (cap[0] * t[0] + ho * te + k[0] * A1) * inv;
+            const double P = (cap[0] * t[0] + hoTe + k[0] * A1) * inv;
             const double Q = k[0] * h.B1 * inv;
             h.a[0] = P, h.b[0] = Q;
             const double kl = k[n - 2];
@@ -473,7 +477,7 @@ StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<doubl
         h.insideConvection = NaturalConvection(h.t[n - 1] - st.tAir, h.insideNatural);
         const double hc = h.insideConvection, hr = h.mrtConductance, A = h.area;
         W[i] = 1.0 / (diag + hc + hr);
-        E[i] = rhs + src[i] / A;
+        E[i] = rhs + src[i] * h.invArea;
         m1 += A * hr * W[i] * hc;
         m2 += A * hr * (W[i] * hr - 1.0);
         m0 -= A * hr * W[i] * E[i];
@@ -536,7 +540,7 @@ StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<doubl
         const double ts = t[n - 1];
         const double body = A * (hc * (ts - ta) + hr * (ts - tm)) - src[i];
         r.gains[h.component] += body;
-        addFlow(A * hOut[i] * (tEq[i] - h.t[0]));
+        addFlow(A * (hoTeOf[i] - hOut[i] * h.t[0]));
         addFlow(src[i]);
     }
     r.gains[kCompInfiltration] = in.gInfiltration * (in.tOut - ta);
@@ -695,7 +699,8 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                         continue;
                     }
                     const WindowOptics& op = optics[h.windowType];
-                    const ShadeFactors sf = WindowShade(h.window->shading, sun, h.azimuth);
+                    const ShadeFactors sf =
+                        WindowShade(h.window->shading, sun, h.cosAzimuth, h.sinAzimuth);
                     const double beam = ir.beam * sf.beam;
                     const double diff = ir.skyDiffuse * sf.sky + ir.groundDiffuse;
                     const double blind = BlindFactor(h.window->shading.blind, beam);
