@@ -109,7 +109,9 @@ void RasterCanvas::Polygon(const std::array<Point, 4>& c, Color color) {
             if ((a.y <= sy && b.y > sy) || (b.y <= sy && a.y > sy))
                 xs[n++] = a.x + (sy - a.y) * (b.x - a.x) / static_cast<double>(b.y - a.y);
         }
-        std::sort(xs, xs + n);
+        // At most four crossings: an insertion sort.
+        for (int a = 1; a < n; ++a)
+            for (int b = a; b > 0 && xs[b] < xs[b - 1]; --b) std::swap(xs[b], xs[b - 1]);
         for (int k = 0; k + 1 < n; k += 2) {
             const int xa = static_cast<int>(std::ceil(xs[k] - 0.5));
             const int xb = static_cast<int>(std::floor(xs[k + 1] - 0.5));

@@ -284,8 +284,9 @@ TEST_F(TaskFlowTest, ZoneTaskBlockedByASurfaceCountOverTheLimit) {
     m.zones.ZoneNumber[1] = "1-1";
     m.zones.ZoneFloorArea[1] = 1250.5f;
     int envelopeLoads = 0;
-    MainMenuController hub2(session_, prompt_,
-                            {[&](Session&, Prompt&) { ++envelopeLoads; }, {}, {}});
+    HubServices services;
+    services.loadEnvelopeDefaults = [&](Session&, Prompt&) { ++envelopeLoads; };
+    MainMenuController hub2(session_, prompt_, services);
     EXPECT_EQ(hub2.ZoneDescription().show, Screen::ZoneForm);
     EXPECT_EQ(m.zones.ZoneData[1][3], "1250.5");
     EXPECT_EQ(envelopeLoads, 1);
@@ -295,8 +296,9 @@ TEST_F(TaskFlowTest, PassiveRunFromTheMenuSkipsTheSavePrompts) {
     MainMenuController hub = BeginProject();
     session_.availableScreens.insert({Screen::RunSim, Screen::SaveInputForm});
     int writes = 0;
-    MainMenuController runHub(session_, prompt_,
-                              {{}, [&](Session&, Prompt&) { return ++writes > 0; }, {}});
+    HubServices services;
+    services.writeEngineInput = [&](Session&, Prompt&) { return ++writes > 0; };
+    MainMenuController runHub(session_, prompt_, services);
     const std::size_t before = prompt_.asked.size();
     EXPECT_EQ(runHub.RunEnergy(1).show, Screen::RunSim);
     EXPECT_EQ(prompt_.asked.size(), before);

@@ -61,7 +61,9 @@ TEST(HvacCatalog, RatingsFollowThePublishedMinima) {
             const HvacRow& r = m->hvac.HvacCatalog[system];
             const std::string& text = c[1] == "seer" ? r.seer : r.HTCOP;
             EXPECT_NEAR(NumVal(text), expected, 0.005) << c[6] << (isGreen ? " (gb)" : " (90)");
-            if (c[1] == "seer") EXPECT_NEAR(NumVal(r.cop), expected / 3.412, 0.005) << c[6];
+            if (c[1] == "seer") {
+                EXPECT_NEAR(NumVal(r.cop), expected / 3.412, 0.005) << c[6];
+            }
             ++checked;
         }
     }
