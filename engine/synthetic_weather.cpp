@@ -266,6 +266,29 @@ WeatherYear SynthesizeWeather(const MonthlyClimate& cl, const Site& site, std::u
             wSum += weight[h];
         }
         const double hDay = kt[d] * h0[d];
+        // Hour-to-hour variability of the clearness about the smooth day
+        // (Aguiar & Collares-Pereira 1992, the TAG model): an autoregressive
+        // residual of lag-one correlation phi and spread sigma(altitude),
+        // both set by the day's clearness; the hours are then scaled back to
+        // the day's total.
+        if (wSum > 0) {
+            const double K = kt[d];
+            const double phiAr = 0.148 + 2.356 * K - 5.195 * K * K + 3.758 * K * K * K;
+            const double amp0 = 0.14 * std::exp(-20 * (K - 0.35) * (K - 0.35));
+            const double bExp = 3 * (K - 0.45) * (K - 0.45) + 16 * std::pow(K, 5);
+            double y = 0, sum = 0;
+            for (int h = 0; h < 24; ++h) {
+                if (weight[h] <= 0) continue;
+                const double extra = sun[h].extraterrestrial * sun[h].up;
+                const double ktMean = hDay * weight[h] / wSum / std::max(extra, 1e-9);
+                y = phiAr * y + std::sqrt(std::max(0.0, 1 - phiAr * phiAr)) * rnd();
+                const double sigma = amp0 * std::exp(bExp * (1 - sun[h].up));
+                const double ktHour = std::clamp(ktMean + sigma * y, 0.0, kClearnessMax);
+                weight[h] = ktHour * extra;
+                sum += weight[h];
+            }
+            wSum = sum;
+        }
         const double cover = std::clamp(10.0 * (1.0 - kt[d] / 0.75), 0.0, 10.0);
         for (int h = 0; h < 24; ++h) {
             WeatherHour& wh = w.hours[d * 24 + h];

@@ -21,7 +21,8 @@
 // Hours: the dry bulb follows the diurnal shape of the ASHRAE Fundamentals
 // (2009, ch. 14) daily range fractions, scaled so that the day has the drawn
 // mean and maximum; global radiation is spread over the hours by the ratio of
-// Collares-Pereira & Rabl (1979) and split into beam and diffuse by the
+// Collares-Pereira & Rabl (1979), varied from hour to hour by the TAG model
+// of Aguiar & Collares-Pereira (1992), and split into beam and diffuse by the
 // hourly correlation of Erbs, Klein & Duffie (1982); the sky long-wave comes
 // from the dew point and a cloud cover estimated from the clearness.
 // Random numbers: the 64-bit Mersenne Twister (std::mt19937_64, fixed by the
