@@ -78,11 +78,13 @@ double Field(const std::string& line, int col, int width) {
 
 std::vector<std::string> RunEngine(const std::string& dirName, int runType,
                                    std::vector<std::string>* flt = nullptr,
-                                   std::vector<std::string>* monitor = nullptr) {
+                                   std::vector<std::string>* monitor = nullptr, bool si = false) {
     const fs::path dir = fs::temp_directory_path() / dirName;
     fs::remove_all(dir);
     fs::create_directories(dir);
-    fs::copy_file(kSource + "/tests/engine/projects/case600.inp", dir / "ecalc$.inp");
+    std::string inp = ReadTextFile(kSource + "/tests/engine/projects/case600.inp").value_or("");
+    if (si) inp.replace(inp.find("  IP\r\n"), 6, "  SI\r\n");  // the user works in SI
+    EXPECT_TRUE(WriteFileAtomic(dir / "ecalc$.inp", inp));
     fs::copy_file(kSource + "/tests/fixtures/weather/725650TYCST.epw", dir / "ecalc$.tmy");
     EXPECT_TRUE(WriteFileAtomic(dir / "ecalc$.tmp", ControlText(runType)));
     const std::string cmd = "cd \"" + dir.string() + "\" && \"" SOLV2020_PATH "\"";
@@ -186,6 +188,28 @@ TEST(EngineContract, PassiveRunWritesComfortPerZone) {
     while (roof < lines.size() && lines[roof].rfind("ROOF", 0) != 0) ++roof;
     ASSERT_LT(roof + 19, lines.size());
     EXPECT_EQ(Field(lines[roof + 19], 100, 15), 0.0);
+}
+
+// A project in SI: the engine still reads I-P, and reports in SI.
+TEST(EngineContract, SiProjectReportsInSi) {
+    const auto ip = RunEngine("solvane_contract_ip", 3);
+    std::vector<std::string> flt;
+    const auto si = RunEngine("solvane_contract_si", 3, &flt, nullptr, true);
+    auto total = [](const std::vector<std::string>& lines) {
+        std::size_t mon = 0;
+        while (mon < lines.size() && lines[mon].rfind("MON", 0) != 0) ++mon;
+        std::size_t eq = mon;
+        while (eq < lines.size() && lines[eq].rfind("=", 0) != 0) ++eq;
+        return eq + 1 < lines.size() ? Field(lines[eq + 1], 4, 8) : -1.0;
+    };
+    // MBtu to GJ: times 1.055.
+    EXPECT_NEAR(total(si), total(ip) * 1.055056, 0.01 * total(si));
+    std::size_t year = 0;
+    while (year < flt.size() && flt[year].rfind("    YEAR", 0) != 0) ++year;
+    ASSERT_LT(year, flt.size());
+    // With heating and cooling the zone stays within 20..27 C (reported in C).
+    EXPECT_GE(Field(flt[year], 70, 10), 19.9);
+    EXPECT_LE(Field(flt[year], 56, 10), 27.1);
 }
 
 }  // namespace
