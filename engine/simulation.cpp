@@ -234,7 +234,7 @@ ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<Windo
             z.surfaces.push_back(wh);
         }
     }
-    // Faces that are alike in every respect but area (same plane, make,
+    // Faces that are alike in every way but area (same plane, make,
     // boundary and shading) keep one node chain: their temperatures are the
     // same at every step, and being coplanar they exchange no radiation with
     // one another, so one face of the summed area is exact.
