@@ -41,7 +41,7 @@ WeatherYear ReadEpw(std::string_view content, const std::string& fileName) {
     for (std::size_t i = 0; i < lines.size(); ++i) {
         if (lines[i].rfind("GROUND TEMPERATURES", 0) == 0) {
             const auto f = SplitCommas(lines[i]);
-            // Depth records: depth, conductivity, density, specific heat, 12 months.
+            // Depth records: depth, soil conductivity, density and heat capacity, 12 months.
             if (f.size() >= 18 && NumVal(f[1]) >= 1) {
                 for (int m = 0; m < 12; ++m) w.groundTemperatures.push_back(NumVal(f[6 + m]));
             }
