@@ -62,6 +62,10 @@ struct HeatSurface {
     std::vector<double> a, b, g, invD;
     double B1 = 0, G1 = 0;
     double mrtConductance = 0;  // W/m2K to the star node
+    // Coefficients held through the hour (see StepZone): outside film and
+    // its parts on the outdoor air and sky temperatures, the chain's
+    // reduction, the inside face's factor W.
+    double ho = 0, hoAir = 0, hoSky = 0, pInv = 0, q = 0, diag = 0, w = 0;
     double invArea = 0;
     double insideConvection = 2.0;
     double beamShare = 0, diffuseShare = 0, radiantShare = 0;  // of zone totals absorbed here
@@ -74,6 +78,7 @@ struct ZoneState {
     std::vector<HeatSurface> surfaces;
     double airCapacity = 0;  // J/K
     double tAir = 20, tAirOld = 20, tStar = 20;
+    double m1 = 0, m2 = 0, a1 = 0, a2 = 0;  // zone sums held through the hour
 };
 
 // TARP natural convection (Walton 1983), for a face whose normal points
@@ -402,42 +407,56 @@ struct StepResult {
     double in = 0, out = 0, stored = 0;           // W across the zone's boundary
 };
 
+// One step of a zone. With `refresh` the film coefficients (outside
+// convection and long-wave, inside convection) are evaluated from the last
+// temperatures and every coefficient that follows from them is kept; the
+// other steps of the hour reuse them, so that a step is then multiply-adds
+// only. Convection and long-wave coefficients are thus updated hourly, as
+// in the hourly programs, while temperatures move at every step.
 StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<double>& outsideSolar,
-                    const std::vector<double>& src, double dt) {
+                    const std::vector<double>& src, double dt, bool refresh) {
     const std::size_t ns = st.surfaces.size();
-    double m0 = 0, m1 = 0, m2 = 0;  // star node:  m1 Ta + m2 Tm = m0
-    double a0 = 0, a1 = 0, a2 = 0;  // air node:   a1 Ta + a2 Tm - a0 = Q
-    thread_local std::vector<double> W, E, hOut, hoTeOf;
-    W.resize(ns), E.resize(ns), hOut.resize(ns), hoTeOf.resize(ns);
+    double m0 = 0, a0 = 0;  // star: m1 Ta + m2 Tm = m0; air: a1 Ta + a2 Tm - a0 = Q
+    if (refresh) st.m1 = st.m2 = st.a1 = st.a2 = 0;
+    thread_local std::vector<double> E, hoTeOf;
+    E.resize(ns), hoTeOf.resize(ns);
     const double skyK = in.tSky + kKelvin, airK = in.tOut + kKelvin;
     for (std::size_t i = 0; i < ns; ++i) {
         HeatSurface& h = st.surfaces[i];
         const std::size_t n = h.t.size();
         // Outside boundary: ho (T_eq - T_0), kept as ho and ho T_eq.
-        double ho = 0, hoTe = 0;
-        if (h.isWindow) {
-            ho = h.windowConductance;
-            hoTe = ho * in.tOut;
-        } else if (h.boundary == Boundary::Adiabatic) {
-            ho = 0;
-        } else if (h.boundary == Boundary::Ground) {
-            ho = h.groundConductance;
-            hoTe = ho * (std::isnan(h.groundTemperature) ? in.tGround : h.groundTemperature);
-        } else {
-            const double ts = h.t[0];
-            const bool sunlit = h.boundary == Boundary::Outdoors;
-            const double power = !sunlit ? 0.0
+        if (refresh) {
+            if (h.isWindow) {
+                h.ho = h.hoAir = h.windowConductance;
+                h.hoSky = 0;
+            } else if (h.boundary == Boundary::Adiabatic) {
+                h.ho = h.hoAir = h.hoSky = 0;
+            } else if (h.boundary == Boundary::Ground) {
+                h.ho = h.groundConductance;
+                h.hoAir = h.hoSky = 0;
+            } else {
+                const double ts = h.t[0];
+                const bool sunlit = h.boundary == Boundary::Outdoors;
+                const double power = !sunlit
+                                         ? 0.0
                                          : (h.windward ? in.windPowerWindward * h.windFactorWindward
                                                        : in.windPowerLeeward * h.windFactorLeeward);
-            const double hc = OutsideConvection(ts - in.tOut, h.outsideNatural, power, h.windward);
-            const double tsK = ts + kKelvin;
-            const double es = h.outsideEmissivity * kSigma;
-            const double hSky = es * h.skyShare * (tsK * tsK + skyK * skyK) * (tsK + skyK);
-            const double hGnd = es * (1 - h.skyShare) * (tsK * tsK + airK * airK) * (tsK + airK);
-            ho = hc + hSky + hGnd;
-            hoTe = (hc + hGnd) * in.tOut + hSky * in.tSky + outsideSolar[i];
+                const double hc =
+                    OutsideConvection(ts - in.tOut, h.outsideNatural, power, h.windward);
+                const double tsK = ts + kKelvin;
+                const double es = h.outsideEmissivity * kSigma;
+                h.hoSky = es * h.skyShare * (tsK * tsK + skyK * skyK) * (tsK + skyK);
+                const double hGnd =
+                    es * (1 - h.skyShare) * (tsK * tsK + airK * airK) * (tsK + airK);
+                h.hoAir = hc + hGnd;
+                h.ho = h.hoAir + h.hoSky;
+            }
         }
-        hOut[i] = ho;
+        double hoTe = h.hoAir * in.tOut + h.hoSky * in.tSky;
+        if (h.boundary == Boundary::Ground && !h.isWindow)
+            hoTe = h.ho * (std::isnan(h.groundTemperature) ? in.tGround : h.groundTemperature);
+        else if (!h.isWindow && h.boundary == Boundary::Outdoors)
+            hoTe += outsideSolar[i];
         hoTeOf[i] = hoTe;
         // Reduce the chain to its inside face: diag T_s = rhs + room terms.
         // The nodes still hold the last step's temperatures. The outside
@@ -445,15 +464,18 @@ StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<doubl
         const double* cap = h.capacityDt.data();
         const double* k = h.chain.conductance.data();
         const double* t = h.t.data();
-        double diag, rhs;
+        double rhs;
         if (n == 1) {
-            diag = cap[0] + ho;
+            if (refresh) h.diag = cap[0] + h.ho;
             rhs = cap[0] * t[0] + hoTe;
         } else if (n == 2) {
-            const double inv = 1.0 / (cap[0] + ho + k[0]);
-            const double P = (cap[0] * t[0] + hoTe) * inv, Q = k[0] * inv;
-            h.a[0] = P, h.b[0] = Q;
-            diag = cap[1] + k[0] * (1 - Q);
+            if (refresh) {
+                h.pInv = 1.0 / (cap[0] + h.ho + k[0]);
+                h.q = k[0] * h.pInv;
+                h.diag = cap[1] + k[0] * (1 - h.q);
+            }
+            const double P = (cap[0] * t[0] + hoTe) * h.pInv;
+            h.a[0] = P, h.b[0] = h.q;
             rhs = cap[1] * t[1] + k[0] * P;
         } else {
             double* a = h.a.data();
@@ -465,26 +487,34 @@ StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<doubl
                 a[j] = (cap[j] * t[j] + k[j - 1] * a[j - 1]) * invD[j];
             double A1 = a[n - 2];
             for (std::size_t j = n - 2; j-- > 1;) A1 = a[j] + b[j] * A1;
-            const double inv = 1.0 / (cap[0] + ho + k[0] - k[0] * h.G1);
-            const double P = (cap[0] * t[0] + hoTe + k[0] * A1) * inv;
-            const double Q = k[0] * h.B1 * inv;
-            h.a[0] = P, h.b[0] = Q;
             const double kl = k[n - 2];
-            diag = cap[n - 1] + kl * (1 - b[n - 2] - g[n - 2] * Q);
+            if (refresh) {
+                h.pInv = 1.0 / (cap[0] + h.ho + k[0] - k[0] * h.G1);
+                h.q = k[0] * h.B1 * h.pInv;
+                h.diag = cap[n - 1] + kl * (1 - b[n - 2] - g[n - 2] * h.q);
+            }
+            const double P = (cap[0] * t[0] + hoTe + k[0] * A1) * h.pInv;
+            h.a[0] = P, h.b[0] = h.q;
             rhs = cap[n - 1] * t[n - 1] + kl * (a[n - 2] + g[n - 2] * P);
         }
         // Inside face: diag T_s = rhs + hc (Ta - T_s) + hr (Tm - T_s) + source.
-        h.insideConvection = NaturalConvection(h.t[n - 1] - st.tAir, h.insideNatural);
-        const double hc = h.insideConvection, hr = h.mrtConductance, A = h.area;
-        W[i] = 1.0 / (diag + hc + hr);
+        const double hr = h.mrtConductance, A = h.area;
+        if (refresh) {
+            h.insideConvection = NaturalConvection(h.t[n - 1] - st.tAir, h.insideNatural);
+            const double hc = h.insideConvection;
+            h.w = 1.0 / (h.diag + hc + hr);
+            st.m1 += A * hr * h.w * hc;
+            st.m2 += A * hr * (h.w * hr - 1.0);
+            st.a1 -= A * hc * (h.w * hc - 1.0);
+            st.a2 -= A * hc * h.w * hr;
+        }
+        const double hc = h.insideConvection;
         E[i] = rhs + src[i] * h.invArea;
-        m1 += A * hr * W[i] * hc;
-        m2 += A * hr * (W[i] * hr - 1.0);
-        m0 -= A * hr * W[i] * E[i];
-        a1 -= A * hc * (W[i] * hc - 1.0);
-        a2 -= A * hc * W[i] * hr;
-        a0 += A * hc * W[i] * E[i];
+        m0 -= A * hr * h.w * E[i];
+        a0 += A * hc * h.w * E[i];
     }
+    const double m1 = st.m1, m2 = st.m2, a2 = st.a2;
+    double a1 = st.a1;
     const double cAir = st.airCapacity / dt;
     a1 += cAir + in.gInfiltration + in.gOutdoorAir;
     a0 += cAir * st.tAir + (in.gInfiltration + in.gOutdoorAir) * in.tOut + in.convective;
@@ -522,7 +552,7 @@ StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<doubl
         const double hc = h.insideConvection, hr = h.mrtConductance, A = h.area;
         double* t = h.t.data();
         const double* cap = h.capacityDt.data();
-        const double tsNew = W[i] * (E[i] + hc * ta + hr * tm);
+        const double tsNew = h.w * (E[i] + hc * ta + hr * tm);
         double dStored = cap[n - 1] * (tsNew - t[n - 1]);
         t[n - 1] = tsNew;
         if (n >= 2) {
@@ -540,7 +570,7 @@ StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<doubl
         const double ts = t[n - 1];
         const double body = A * (hc * (ts - ta) + hr * (ts - tm)) - src[i];
         r.gains[h.component] += body;
-        addFlow(A * (hoTeOf[i] - hOut[i] * h.t[0]));
+        addFlow(A * (hoTeOf[i] - h.ho * h.t[0]));
         addFlow(src[i]);
     }
     r.gains[kCompInfiltration] = in.gInfiltration * (in.tOut - ta);
@@ -763,7 +793,7 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                     const double rhoCp = AirDensity(pressure, st.tAir) * kAirCp;
                     in.gInfiltration = rhoCp * zone.volume * zone.infiltrationAch / 3600.0;
                     in.gOutdoorAir = rhoCp * oaFlow;
-                    const StepResult r = StepZone(st, in, outsideSolar[z], src[z], dt);
+                    const StepResult r = StepZone(st, in, outsideSolar[z], src[z], dt, k == 1);
                     hourT += r.tAir * invSteps;
                     std::array<double, kComponentCount> gains = r.gains;
                     gains[kCompWindowSolar] += solarTotal;
