@@ -21,7 +21,14 @@
 // step keeps the light constructions' surface nodes and the air node close to
 // their continuous response (their time constants are below an hour), which
 // an hourly implicit step would smear, while the whole year still costs
-// little; the step is an option.
+// little; the step is an option. Film coefficients (convection, long-wave)
+// are evaluated once an hour, so the later steps of an hour reuse the
+// reduced chains and cost multiply-adds only.
+//
+// Energy balance: every step the heat that crosses the zone's boundary
+// (outside faces of its constructions, absorbed solar, internal gains, air
+// exchange, the ideal system) is summed against the change of what the air
+// and every node store; ZoneResults keeps the hourly residuals.
 #pragma once
 
 #include <array>
