@@ -212,5 +212,26 @@ TEST(EngineContract, SiProjectReportsInSi) {
     EXPECT_LE(Field(flt[year], 56, 10), 27.1);
 }
 
+// Bad input ends the run with status 1 and the reason, naming the file and
+// line, on Monitor.txt; nothing else is left behind.
+TEST(EngineContract, BadControlFileIsReportedOnTheMonitor) {
+    const fs::path dir = fs::temp_directory_path() / "solvane_contract_bad";
+    fs::remove_all(dir);
+    fs::create_directories(dir);
+    fs::copy_file(kSource + "/tests/engine/projects/case600.inp", dir / "ecalc$.inp");
+    ASSERT_TRUE(WriteFileAtomic(dir / "ecalc$.tmp", "Run type  : 3\r\nWthr type :  0 \r\n"));
+    const std::string cmd = "cd \"" + dir.string() + "\" && \"" SOLV2020_PATH "\"";
+    EXPECT_NE(std::system(cmd.c_str()), 0);
+    const auto monitor = SplitLines(ReadTextFile(dir / "Monitor.txt").value_or(""));
+    ASSERT_GE(monitor.size(), 6u);
+    bool named = false;
+    for (const std::string& l : monitor) named |= l.find("ecalc$.tmp LINE 3") != std::string::npos;
+    EXPECT_TRUE(named);
+    EXPECT_EQ(monitor.back(), "SIMULATION NOT COMPLETED");
+    EXPECT_FALSE(fs::exists(dir / "sim$.out"));
+    EXPECT_FALSE(fs::exists(dir / "Solv2020.work"));
+    fs::remove_all(dir);
+}
+
 }  // namespace
 }  // namespace solvane::engine
