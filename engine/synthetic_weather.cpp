@@ -79,14 +79,32 @@ void DailyExtraterrestrial(int day, double latDeg, double& h0, double& sunset) {
     h0 = std::max(h0, 0.0);
 }
 
-// Erbs, Klein & Duffie (1982): diffuse fraction of the hourly global
-// radiation from the hourly clearness index.
-double ErbsDiffuseFraction(double kt) {
-    if (kt <= 0.22) return 1.0 - 0.09 * kt;
-    if (kt <= 0.80)
-        return 0.9511 - 0.1604 * kt + 4.388 * kt * kt - 16.638 * kt * kt * kt +
-               12.336 * kt * kt * kt * kt;
-    return 0.165;
+// Direct normal irradiance from the global by the DISC model of Maxwell
+// (1987): the clear-sky beam transmittance by absolute air mass, less a
+// correction by the hourly clearness index. The air mass is corrected for
+// the site's pressure, so a high site gets its thinner atmosphere.
+double DiscDirectNormal(double ghi, double cosZenith, double extraterrestrialNormal,
+                        double pressure) {
+    if (ghi <= 0 || cosZenith <= std::cos(87.0 * kDeg)) return 0.0;
+    const double zDeg = std::acos(std::clamp(cosZenith, -1.0, 1.0)) / kDeg;
+    // Relative air mass of Kasten (1966), times the pressure ratio.
+    const double am = std::min(
+        12.0, 1.0 / (cosZenith + 0.15 * std::pow(93.885 - zDeg, -1.253)) * pressure / 101325.0);
+    const double kt = std::max(0.0, ghi / (extraterrestrialNormal * cosZenith));
+    double a, b, c;
+    if (kt <= 0.6) {
+        a = 0.512 - 1.56 * kt + 2.286 * kt * kt - 2.222 * kt * kt * kt;
+        b = 0.37 + 0.962 * kt;
+        c = -0.28 + 0.932 * kt - 2.048 * kt * kt;
+    } else {
+        a = -5.743 + 21.77 * kt - 27.49 * kt * kt + 11.56 * kt * kt * kt;
+        b = 41.4 - 118.5 * kt + 66.05 * kt * kt + 31.9 * kt * kt * kt;
+        c = -47.01 + 184.2 * kt - 222.0 * kt * kt + 73.81 * kt * kt * kt;
+    }
+    const double knc = 0.866 - 0.122 * am + 0.0121 * am * am - 0.000653 * am * am * am +
+                       1.4e-5 * am * am * am * am;
+    const double dni = (knc - (a + b * std::exp(c * am))) * extraterrestrialNormal;
+    return std::clamp(dni, 0.0, ghi / cosZenith);
 }
 
 // Hollands & Huget (1983): daily clearness k has the density
@@ -305,12 +323,10 @@ WeatherYear SynthesizeWeather(const MonthlyClimate& cl, const Site& site, std::u
                 static_cast<float>(EstimateHorizontalInfrared(wh.dryBulb, wh.dewPoint, cover));
             if (wSum <= 0 || weight[h] <= 0) continue;
             const double ghi = hDay * weight[h] / wSum;
-            const double extra = sun[h].extraterrestrial * sun[h].up;
-            const double kth = extra > 0 ? std::min(ghi / extra, 1.0) : 0.0;
-            const double dhi = ghi * ErbsDiffuseFraction(kth);
+            const double dni = DiscDirectNormal(ghi, sun[h].up, sun[h].extraterrestrial, pressure);
             wh.globalHorizontal = static_cast<float>(ghi);
-            wh.diffuseHorizontal = static_cast<float>(dhi);
-            wh.directNormal = static_cast<float>(sun[h].up > 0.02 ? (ghi - dhi) / sun[h].up : 0.0);
+            wh.directNormal = static_cast<float>(dni);
+            wh.diffuseHorizontal = static_cast<float>(std::max(0.0, ghi - dni * sun[h].up));
         }
     }
     return w;

@@ -23,7 +23,7 @@
 // mean and maximum; global radiation is spread over the hours by the ratio of
 // Collares-Pereira & Rabl (1979), varied from hour to hour by the TAG model
 // of Aguiar & Collares-Pereira (1992), and split into beam and diffuse by the
-// hourly correlation of Erbs, Klein & Duffie (1982); the sky long-wave comes
+// DISC model of Maxwell (1987) with the site's air mass; the sky long-wave comes
 // from the dew point and a cloud cover estimated from the clearness.
 // Random numbers: the 64-bit Mersenne Twister (std::mt19937_64, fixed by the
 // C++ standard) with the Box-Muller transform written here, so the same seed
