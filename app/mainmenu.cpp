@@ -1,6 +1,7 @@
 #include "app/mainmenu.h"
 
 #include <QCloseEvent>
+#include <functional>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -138,16 +139,17 @@ void MainMenuScreen::BuildTasks() {
         const char* label;
         const char* icon;
         const char* picture;
-        Navigation (MainMenuController::*action)();
+        std::function<Navigation()> action;
     };
+    MainMenuController& c = controller_;
     const Task tasks[] = {
-        {"CodeStatus", nullptr, nullptr, &MainMenuController::CodeStatus},
-        {"weatherdata", "Image3", "weather", &MainMenuController::Weather},
-        {"projectinformation", "Image1", "project", &MainMenuController::ProjectInformation},
-        {"economicsdata", "Image5", "economics", &MainMenuController::Economics},
-        {"buildingsketch", "Image4", "sketch", &MainMenuController::Sketch},
-        {"zonedescription", "Image12", "zones", &MainMenuController::ZoneDescription},
-        {"executerun", "Image6", "run", &MainMenuController::ExecuteRun},
+        {"CodeStatus", nullptr, nullptr, [&c] { return c.CodeStatus(); }},
+        {"weatherdata", "Image3", "weather", [&c] { return c.Weather(); }},
+        {"projectinformation", "Image1", "project", [&c] { return c.ProjectInformation(); }},
+        {"economicsdata", "Image5", "economics", [&c] { return c.Economics(); }},
+        {"buildingsketch", "Image4", "sketch", [&c] { return c.Sketch(); }},
+        {"zonedescription", "Image12", "zones", [&c] { return c.ZoneDescription(); }},
+        {"executerun", "Image6", "run", [&c] { return c.ExecuteRun(); }},
     };
     auto* grid = new QGridLayout;
     int row = 0;
@@ -163,18 +165,14 @@ void MainMenuScreen::BuildTasks() {
             icon->setIconSize(QSize(40, 40));
             icon->setAutoRaise(true);
             grid->addWidget(icon, row, 1);
-            if (t.action)
-                connect(icon, &QToolButton::clicked, this,
-                        [this, a = t.action] { Go((controller_.*a)()); });
+            connect(icon, &QToolButton::clicked, this, [this, a = t.action] { Go(a()); });
         }
         auto* label = new QPushButton;
         label->setObjectName(t.label);
         label->setFlat(true);
         label->setStyleSheet("text-align: left; padding: 4px;");
         grid->addWidget(label, row, 2);
-        if (t.action)
-            connect(label, &QPushButton::clicked, this,
-                    [this, a = t.action] { Go((controller_.*a)()); });
+        connect(label, &QPushButton::clicked, this, [this, a = t.action] { Go(a()); });
         ++row;
     }
     grid->setColumnStretch(2, 1);

@@ -193,19 +193,19 @@ WeatherDataScreen::WeatherDataScreen(WeatherScreen& controller,
     struct Button {
         const char* name;
         const char* caption;
-        Navigation (WeatherScreen::*action)();
+        std::function<Navigation()> action;
     };
-    const Button list[] = {{"savenew", "Save As New", &WeatherScreen::SaveAsNew},
-                           {"saveupdate", "Save As Update", &WeatherScreen::SaveAsUpdate},
-                           {"CityDelete", "Delete this City", &WeatherScreen::DeleteCity},
-                           {"OK", "OK", &WeatherScreen::Ok},
-                           {"Cancel", "Cancel", &WeatherScreen::Cancel}};
+    WeatherScreen& c = controller_;
+    const Button list[] = {{"savenew", "Save As New", [&c] { return c.SaveAsNew(); }},
+                           {"saveupdate", "Save As Update", [&c] { return c.SaveAsUpdate(); }},
+                           {"CityDelete", "Delete this City", [&c] { return c.DeleteCity(); }},
+                           {"OK", "OK", [&c] { return c.Ok(); }},
+                           {"Cancel", "Cancel", [&c] { return c.Cancel(); }}};
     for (const Button& b : list) {
         auto* button = new QPushButton(b.caption);
         button->setObjectName(b.name);
         buttons->addWidget(button);
-        connect(button, &QPushButton::clicked, this,
-                [this, a = b.action] { Act((controller_.*a)()); });
+        connect(button, &QPushButton::clicked, this, [this, a = b.action] { Act(a()); });
     }
     layout->addLayout(buttons);
 
