@@ -17,6 +17,7 @@
 #include "engine/control_file.h"
 #include "engine/custom_weather.h"
 #include "engine/epw_reader.h"
+#include "engine/fixed_column_weather.h"
 #include "engine/project_translation.h"
 #include "engine/report.h"
 #include "engine/simulation.h"
@@ -98,9 +99,11 @@ int main() {
             weather = SynthesizeWeather(in.climate, in.site, SeedFromText(head.weatherSeed));
             ctx.weatherSource = "SIMULATED FROM THE CLIMATE RECORD, SEED " + head.weatherSeed;
         } else {
-            // The file is known by its content: EPW (IWEC data also comes in
-            // it) or the custom form of Helpinfo\custom.txt.
-            weather = ReadRecordedWeather(Read(here / "ecalc$.tmy"), "ecalc$.tmy");
+            // The control file's type names the form: 1 EPW, 2 WYEC2, 3 IWEC,
+            // 4 custom (Helpinfo\custom.txt). WYEC2 files carry no latitude
+            // or longitude: the project's station stands in.
+            weather = ReadWeatherOfType(ctx.control.weatherType, Read(here / "ecalc$.tmy"),
+                                        "ecalc$.tmy", in.site, "ecalc$.tmp");
             ctx.weatherSource = "RECORDED " + weather.site.name;
         }
 
