@@ -30,8 +30,10 @@ struct FixedColumnLayout {
     int headerLines;  // lines before the first hourly record
 };
 
-// WYEC2, ASHRAE Weather Year for Energy Calculations 2 (ASHRAE 1997): 116
-// columns, no header. Columns and units as published with the WYEC2 files
+// WYEC2, ASHRAE Weather Year for Energy Calculations 2 (ASHRAE 1997): 8760
+// records of 116 columns, no header, local standard time, field encoding and
+// units of the NOAA TD 9734 TMY form (US DOE Building Energy Software Tools
+// Directory, WYEC2 entry, 2008). Columns as published with the WYEC2 files
 // of ACADS-BSG ("WYEC2 Data Format", ACADS-BSG web page, undated) and, four
 // columns further right, in the WY3 appendix of Environment and Climate
 // Change Canada's CWEEDS 2011 documentation (ECCC), which widens the station
@@ -50,9 +52,10 @@ extern const FixedColumnLayout kWyec2Layout;
 // IWEC, ASHRAE International Weather for Energy Calculations 1.1 as
 // distributed on the ASHRAE CD (ASHRAE 2001): one header line of 76
 // characters and 8760 hourly records of 150 characters (sizes as listed for
-// IWEC in the US DOE Building Energy Software Tools Directory). The hourly
-// record is read with the WYEC2 element order and units behind a six-digit
-// WMO number and a four-digit year:
+// IWEC in the US DOE Building Energy Software Tools Directory). The column
+// map of the record is not in those sources: until it is checked against the
+// IWEC user's manual, the record is read with the WYEC2 element order and
+// units behind a six-digit WMO number and a four-digit year:
 //   1-6 WMO number, 7 source, 8-17 YYYYMMDDHH, 18-21 extraterrestrial,
 //   22-25 global, 28-31 direct, 34-37 diffuse, 78-85 present weather,
 //   87-91 pressure, 93-96 dry bulb, 98-101 dew point, 103-105 wind
