@@ -6,6 +6,7 @@
 #include "code/code_selection.h"
 #include "core/item_reader.h"
 #include "core/numeric_helpers.h"
+#include "core/text_cuts.h"
 #include "core/unit_factors.h"
 #include "economics/economics_form.h"
 #include "propertydb/hvac_catalog.h"
@@ -13,10 +14,6 @@
 namespace solvane {
 
 namespace {
-
-bool IsBlank(const std::string& s) {
-    return s.find_first_not_of(' ') == std::string::npos;
-}
 
 constexpr const char* kTypeChangeWarning =
     "### Changing the building type is unusual and may cause new issues if code compliance is "
@@ -126,7 +123,8 @@ void ProjectInfoController::SelectBuildingType(int type) {
                                                   {10, StrForm(col[3])},
                                                   {11, StrForm(col[4])}};
     for (const auto& [i, text] : blanks)
-        if (IsBlank(fields.At("projectid", i).text)) fields.At("projectid", i).text = text;
+        if (cuts::IsBlankText(fields.At("projectid", i).text))
+            fields.At("projectid", i).text = text;
     for (int i = 1; i <= 13; ++i) m.ProjectData[i] = fields.At("projectid", i).text;
     m.ProjectData[kBldType] = m.btypes.BTypeName[type] + FormatField(NumText(type), "@@");
 
@@ -238,7 +236,7 @@ void ProjectInfoController::SetSizerStart() {
 
 Navigation ProjectInfoController::AcceptProject() {
     ProjectModel& m = session_.model;
-    if (IsBlank(fields.At("projectid", 6).text)) {
+    if (cuts::IsBlankText(fields.At("projectid", 6).text)) {
         prompt_.Ask("You should put the construction year.", "Error", Buttons::Ok,
                     Icon::Exclamation);
         return {};

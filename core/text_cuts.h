@@ -1,4 +1,4 @@
-// Character cuts on the fixed-column lines of the project file, counting
+// Character cuts on the fixed-column lines of the program's files, counting
 // columns from 1 as the file formats do. Cuts past the end give what there is.
 #pragma once
 

@@ -5,7 +5,7 @@
 
 #include "core/numeric_helpers.h"
 #include "core/unit_factors.h"
-#include "projectfile/text_cuts.h"
+#include "core/text_cuts.h"
 
 namespace solvane {
 

@@ -10,7 +10,7 @@
 
 #include "core/numeric_helpers.h"
 #include "core/text_file.h"
-#include "projectfile/text_cuts.h"
+#include "core/text_cuts.h"
 
 namespace fs = std::filesystem;
 

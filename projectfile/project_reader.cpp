@@ -12,7 +12,7 @@
 #include "core/text_file.h"
 #include "core/unit_factors.h"
 #include "projectfile/project_file.h"
-#include "projectfile/text_cuts.h"
+#include "core/text_cuts.h"
 
 namespace solvane {
 

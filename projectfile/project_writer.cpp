@@ -9,7 +9,7 @@
 #include "core/unit_factors.h"
 #include "projectfile/design_temps.h"
 #include "projectfile/project_file.h"
-#include "projectfile/text_cuts.h"
+#include "core/text_cuts.h"
 
 namespace solvane {
 

@@ -5,6 +5,7 @@
 #include "core/item_reader.h"
 #include "core/line_writer.h"
 #include "core/numeric_helpers.h"
+#include "core/text_cuts.h"
 #include "core/text_file.h"
 #include "core/unit_factors.h"
 
@@ -17,17 +18,6 @@ namespace {
 
 constexpr Color kHighlight = 0x00FFFF;  // colour 11 of the sixteen basic colours
 constexpr Color kPlain = 0xFFFFFF;
-
-// Characters from a 1-based column, at most `length` of them; empty past the end.
-std::string Mid(const std::string& s, std::size_t column, std::size_t length) {
-    if (column == 0 || column > s.size()) return {};
-    return s.substr(column - 1, length);
-}
-
-std::string RightTrim(std::string s) {
-    while (!s.empty() && (s.back() == ' ' || s.back() == '\t')) s.pop_back();
-    return s;
-}
 
 // A value rounded to `digits` and right-aligned under the mask.
 std::string Masked(double value, int digits, std::string_view mask) {
@@ -179,20 +169,21 @@ void WeatherScreen::Activate() {
 void WeatherScreen::LoadFieldsFromWeatherData() {
     const TextTable<12>& wd = model_.climate.WeatherData;
     // A project without a location has no block to show.
-    if (RightTrim(wd[2]).empty()) return;
+    if (cuts::TrimRight(wd[2]).empty()) return;
     const std::string& line = wd[2];
     const std::size_t comma = line.find(',');
     fields["citytext"].text = line.substr(0, comma);
-    FileLocationState = comma == std::string::npos ? std::string() : Mid(line, comma + 3, 1000);
-    fields["WMO"].text = Mid(line, 41, 6);
-    fields["latitude"].text = Masked(NumVal(Mid(line, 48, 6)), 1, "@@@@@");
-    fields["longitude"].text = Masked(NumVal(Mid(line, 54, 6)), 1, "@@@@@");
-    fields["timezone"].text = Masked(NumVal(Mid(line, 61, 6)), 1, "@@@@@");
-    fields["elev"].text = Masked(NumVal(Mid(line, 67, 6)), 1, "@@@@@@");
+    FileLocationState =
+        comma == std::string::npos ? std::string() : cuts::Mid(line, comma + 3, 1000);
+    fields["WMO"].text = cuts::Mid(line, 41, 6);
+    fields["latitude"].text = Masked(NumVal(cuts::Mid(line, 48, 6)), 1, "@@@@@");
+    fields["longitude"].text = Masked(NumVal(cuts::Mid(line, 54, 6)), 1, "@@@@@");
+    fields["timezone"].text = Masked(NumVal(cuts::Mid(line, 61, 6)), 1, "@@@@@");
+    fields["elev"].text = Masked(NumVal(cuts::Mid(line, 67, 6)), 1, "@@@@@@");
     for (int row = 1; row <= 8; ++row) {
         const std::string& data = wd[static_cast<std::size_t>(row + 3)];
         for (int m = 1; m <= 12; ++m) {
-            const double v = NumVal(Mid(data, static_cast<std::size_t>(6 * (m - 1) + 1), 6));
+            const double v = NumVal(cuts::Mid(data, static_cast<std::size_t>(6 * (m - 1) + 1), 6));
             Cell(row, m) = Masked(v, row == kSolar ? 0 : 1, "@@@@@@");
         }
     }
@@ -224,7 +215,7 @@ void WeatherScreen::ChooseRegion(int region) {
 
 void WeatherScreen::ChooseState(const std::string& listText) {
     StateListDropped = 0;
-    fields["sttext"].text = RightTrim(listText);
+    fields["sttext"].text = cuts::TrimRight(listText);
     CurrentState = fields["sttext"].text;
     fields["Combo1"].text = CurrentState;
     LoadPictures();
