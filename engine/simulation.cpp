@@ -2,129 +2,26 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdint>
-#include <cstring>
 #include <limits>
-#include <map>
 #include <stdexcept>
 
 #include "engine/sun.h"
+#include "engine/zone_state.h"
 
 namespace solvane::engine {
 namespace {
+
+using detail::HeatSurface;
+using detail::NaturalFactorsFor;
+using detail::StepInputs;
+using detail::StepResult;
+using detail::ZoneState;
 
 constexpr double kSigma = 5.6697e-8;
 constexpr double kAirCp = 1006.0;  // J/kgK, dry air
 constexpr double kKelvin = 273.15;
 // Linearised interior long-wave coefficient at 20 C (4 sigma T^3).
 constexpr double kInsideRadiation = 4 * kSigma * 293.15 * 293.15 * 293.15;
-// Roughness multiplier of the DOE-2 convection model (Walton 1983): "rough",
-// the class of stucco and brick; windows are rated with their own films.
-constexpr double kRoughness = 1.67;
-
-// Natural convection factors of |dT|^(1/3) for a face warmer and for a face
-// cooler than the air (see NaturalFactorsFor).
-struct NaturalFactors {
-    double warmer = 1.31, cooler = 1.31;
-};
-
-// One heat-exchanging face of a zone: the opaque part of a surface, or one
-// window of it.
-struct HeatSurface {
-    int sourceSurface = 0;
-    int construction = 0;
-    Component component = kCompWalls;
-    bool isWindow = false;
-    bool internalMass = false;
-    Boundary boundary = Boundary::Outdoors;
-    double area = 0;
-    double cosTilt = 0;    // of the outward normal
-    int orientation = -1;  // index of its (azimuth, tilt) pair, -1 when sunless
-    double outsideAbsorptance = 0, outsideEmissivity = 0.9;
-    double groundReflectance = 0.2;
-    double groundTemperature = std::numeric_limits<double>::quiet_NaN();
-    double groundConductance = 0;
-    double windowConductance = 0;  // window: outdoor air to inside face, W/m2K
-    double azimuth = 0;
-    double cosAzimuth = 1, sinAzimuth = 0;
-    NaturalFactors outsideNatural, insideNatural;  // the inside face looks the other way
-    double windFactor = 1;  // wind at the surface over the wind of the weather
-    double windFactorWindward = 1, windFactorLeeward = 1;  // its powers 0.89 and 0.617
-    double skyShare = 0;   // share of the outside long-wave exchange with the sky
-    bool windward = true;  // set each hour from the wind direction
-    NodeChain chain;
-    std::vector<double> t;           // node temperatures
-    std::vector<double> capacityDt;  // node capacities over the step, W/m2K
-    // Interior nodes 1..n-2 have constant coefficients, so their elimination
-    // is done once: T_j = a_j + b_j T_j+1 + g_j T_0, with a_j from the last
-    // temperatures each step (`a`), and b_j, g_j and 1/d_j fixed; B1 and G1
-    // give node 1 in terms of the two faces.
-    std::vector<double> a, b, g, invD;
-    double B1 = 0, G1 = 0;
-    double mrtConductance = 0;  // W/m2K to the star node
-    // Coefficients held through the hour (see StepZone): outside film and
-    // its parts on the outdoor air and sky temperatures, the chain's
-    // reduction, the inside face's factor W.
-    double ho = 0, hoAir = 0, hoSky = 0, pInv = 0, q = 0, diag = 0, w = 0;
-    double invArea = 0;
-    double insideConvection = 2.0;
-    double beamShare = 0, diffuseShare = 0, radiantShare = 0;  // of zone totals absorbed here
-    // Window only.
-    int windowType = -1;
-    const Window* window = nullptr;
-};
-
-struct ZoneState {
-    std::vector<HeatSurface> surfaces;
-    double airCapacity = 0;  // J/K
-    double tAir = 20, tAirOld = 20, tStar = 20;
-    double m1 = 0, m2 = 0, a1 = 0, a2 = 0;  // zone sums held through the hour
-};
-
-// TARP natural convection (Walton 1983), for a face whose normal points
-// along `cosUp` (1 up, -1 down) and is `dt` warmer than the air.
-// Cube root for the convection correlations: a bit-level first guess (Kahan,
-// within 3.2 %) and one Halley step, to about 4e-5 relative; a few times
-// cheaper than std::cbrt in the inner loop.
-double CubeRoot(double x) {
-    if (x <= 0) return 0;
-    std::uint64_t bits;
-    std::memcpy(&bits, &x, sizeof bits);
-    bits = bits / 3 + 0x2A9F7893782DA1CEull;
-    double y;
-    std::memcpy(&y, &bits, sizeof y);
-    const double y3 = y * y * y;
-    return y * (y3 + 2 * x) / (2 * y3 + x);
-}
-
-// The factor of |dT|^(1/3) for a face warmer and for a face cooler than the
-// air, fixed by the face's tilt: heat flowing upward is enhanced, downward
-// reduced, vertical faces take 1.31.
-NaturalFactors NaturalFactorsFor(double cosUp) {
-    NaturalFactors f;
-    const double c = std::abs(cosUp);
-    if (c < 0.05) return f;
-    const double enhanced = 9.482 / (7.238 - c), reduced = 1.810 / (1.382 + c);
-    f.warmer = cosUp > 0 ? enhanced : reduced;
-    f.cooler = cosUp > 0 ? reduced : enhanced;
-    return f;
-}
-
-double NaturalConvection(double dt, const NaturalFactors& f) {
-    return std::max((dt > 0 ? f.warmer : f.cooler) * CubeRoot(std::abs(dt)), 0.1);
-}
-
-// DOE-2 exterior convection: natural part and the MoWiTT forced correlation
-// for smooth glass, scaled by roughness (Yazdanian & Klems 1994).
-// `windPower` is the wind speed at the surface raised to 0.89 (windward) or
-// 0.617 (leeward).
-double OutsideConvection(double dt, const NaturalFactors& f, double windPower, bool windward) {
-    const double hn = NaturalConvection(dt, f);
-    if (windPower <= 0) return hn;
-    const double forced = (windward ? 3.26 : 3.55) * windPower;
-    const double hGlass = std::sqrt(hn * hn + forced * forced);
-    return hn + kRoughness * (hGlass - hn);
-}
 
 // Carroll's MRT factors: F_i = 1 / (1 - A_i F_i / sum A_j F_j + (1-e_i)/e_i),
 // iterated to a fixed point.
@@ -276,35 +173,6 @@ ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<Windo
             it->area += h.area;
     }
     z.surfaces = std::move(merged);
-    for (HeatSurface& h : z.surfaces) {
-        h.t.assign(h.chain.capacity.size(), 20.0);
-        h.invArea = 1.0 / h.area;
-        h.capacityDt.clear();
-        for (double c : h.chain.capacity) h.capacityDt.push_back(c / dt);
-        const std::size_t n = h.t.size();
-        h.a.assign(n, 0.0);
-        h.b.assign(n, 0.0);
-        h.g.assign(n, 0.0);
-        h.invD.assign(n, 0.0);
-        if (n >= 3) {
-            const double* k = h.chain.conductance.data();
-            for (std::size_t j = 1; j + 1 < n; ++j) {
-                const double d =
-                    h.capacityDt[j] + k[j - 1] + k[j] - (j > 1 ? k[j - 1] * h.b[j - 1] : 0.0);
-                h.invD[j] = 1.0 / d;
-                h.b[j] = k[j] * h.invD[j];
-                h.g[j] = (j == 1 ? k[0] : k[j - 1] * h.g[j - 1]) * h.invD[j];
-            }
-            // Node 1 in terms of the faces: fold b and g down from node n-2.
-            double bb = h.b[n - 2], gg = h.g[n - 2];
-            for (std::size_t j = n - 2; j-- > 1;) {
-                gg = h.g[j] + h.b[j] * gg;
-                bb = h.b[j] * bb;
-            }
-            h.B1 = bb;
-            h.G1 = gg;
-        }
-    }
     SetMrtConductances(z, b);
     // Solar shares: transmitted beam falls on the floors and is absorbed by
     // their inside absorptance; what they reflect joins the diffuse, which
@@ -340,6 +208,7 @@ ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<Windo
         h.beamShare += beamReflected * share;
     }
     z.airCapacity = airDensity * kAirCp * zone.volume + zone.furnitureCapacity;
+    detail::PackFaces(z, dt);
     return z;
 }
 
@@ -388,200 +257,6 @@ double BlindFactor(int blind, double beamOnGlass) {
     if (blind == 5) return kIac;
     if (blind == 1 && beamOnGlass > 95.0) return kIac;
     return 1.0;
-}
-
-// What one zone sees in one step.
-struct StepInputs {
-    double tOut = 0, tSky = 0, tGround = 10;
-    double windPowerWindward = 0, windPowerLeeward = 0;  // weather wind ^0.89, ^0.617
-    double gInfiltration = 0, gOutdoorAir = 0;           // W/K
-    double convective = 0;                               // internal gains to the air, W
-    double tHeat = -1e30, tCool = 1e30;
-    double heatCapacity = 1e30, coolCapacity = 1e30;
-};
-
-struct StepResult {
-    double q = 0;  // ideal system, W, heating positive
-    double tAir = 0;
-    std::array<double, kComponentCount> gains{};  // W into the zone
-    double in = 0, out = 0, stored = 0;           // W across the zone's boundary
-};
-
-// One step of a zone. With `refresh` the film coefficients (outside
-// convection and long-wave, inside convection) are evaluated from the last
-// temperatures and every coefficient that follows from them is kept; the
-// other steps of the hour reuse them, so that a step is then multiply-adds
-// only. Convection and long-wave coefficients are thus updated hourly, as
-// in the hourly programs, while temperatures move at every step.
-StepResult StepZone(ZoneState& st, const StepInputs& in, const std::vector<double>& outsideSolar,
-                    const std::vector<double>& src, double dt, bool refresh) {
-    const std::size_t ns = st.surfaces.size();
-    double m0 = 0, a0 = 0;  // star: m1 Ta + m2 Tm = m0; air: a1 Ta + a2 Tm - a0 = Q
-    if (refresh) st.m1 = st.m2 = st.a1 = st.a2 = 0;
-    thread_local std::vector<double> E, hoTeOf;
-    E.resize(ns), hoTeOf.resize(ns);
-    const double skyK = in.tSky + kKelvin, airK = in.tOut + kKelvin;
-    for (std::size_t i = 0; i < ns; ++i) {
-        HeatSurface& h = st.surfaces[i];
-        const std::size_t n = h.t.size();
-        // Outside boundary: ho (T_eq - T_0), kept as ho and ho T_eq.
-        if (refresh) {
-            if (h.isWindow) {
-                h.ho = h.hoAir = h.windowConductance;
-                h.hoSky = 0;
-            } else if (h.boundary == Boundary::Adiabatic) {
-                h.ho = h.hoAir = h.hoSky = 0;
-            } else if (h.boundary == Boundary::Ground) {
-                h.ho = h.groundConductance;
-                h.hoAir = h.hoSky = 0;
-            } else {
-                const double ts = h.t[0];
-                const bool sunlit = h.boundary == Boundary::Outdoors;
-                const double power = !sunlit
-                                         ? 0.0
-                                         : (h.windward ? in.windPowerWindward * h.windFactorWindward
-                                                       : in.windPowerLeeward * h.windFactorLeeward);
-                const double hc =
-                    OutsideConvection(ts - in.tOut, h.outsideNatural, power, h.windward);
-                const double tsK = ts + kKelvin;
-                const double es = h.outsideEmissivity * kSigma;
-                h.hoSky = es * h.skyShare * (tsK * tsK + skyK * skyK) * (tsK + skyK);
-                const double hGnd =
-                    es * (1 - h.skyShare) * (tsK * tsK + airK * airK) * (tsK + airK);
-                h.hoAir = hc + hGnd;
-                h.ho = h.hoAir + h.hoSky;
-            }
-        }
-        double hoTe = h.hoAir * in.tOut + h.hoSky * in.tSky;
-        if (h.boundary == Boundary::Ground && !h.isWindow)
-            hoTe = h.ho * (std::isnan(h.groundTemperature) ? in.tGround : h.groundTemperature);
-        else if (!h.isWindow && h.boundary == Boundary::Outdoors)
-            hoTe += outsideSolar[i];
-        hoTeOf[i] = hoTe;
-        // Reduce the chain to its inside face: diag T_s = rhs + room terms.
-        // The nodes still hold the last step's temperatures. The outside
-        // face comes out as T_0 = P + Q T_s (kept in a[0], b[0]).
-        const double* cap = h.capacityDt.data();
-        const double* k = h.chain.conductance.data();
-        const double* t = h.t.data();
-        double rhs;
-        if (n == 1) {
-            if (refresh) h.diag = cap[0] + h.ho;
-            rhs = cap[0] * t[0] + hoTe;
-        } else if (n == 2) {
-            if (refresh) {
-                h.pInv = 1.0 / (cap[0] + h.ho + k[0]);
-                h.q = k[0] * h.pInv;
-                h.diag = cap[1] + k[0] * (1 - h.q);
-            }
-            const double P = (cap[0] * t[0] + hoTe) * h.pInv;
-            h.a[0] = P, h.b[0] = h.q;
-            rhs = cap[1] * t[1] + k[0] * P;
-        } else {
-            double* a = h.a.data();
-            const double* b = h.b.data();
-            const double* g = h.g.data();
-            const double* invD = h.invD.data();
-            a[1] = cap[1] * t[1] * invD[1];
-            for (std::size_t j = 2; j + 1 < n; ++j)
-                a[j] = (cap[j] * t[j] + k[j - 1] * a[j - 1]) * invD[j];
-            double A1 = a[n - 2];
-            for (std::size_t j = n - 2; j-- > 1;) A1 = a[j] + b[j] * A1;
-            const double kl = k[n - 2];
-            if (refresh) {
-                h.pInv = 1.0 / (cap[0] + h.ho + k[0] - k[0] * h.G1);
-                h.q = k[0] * h.B1 * h.pInv;
-                h.diag = cap[n - 1] + kl * (1 - b[n - 2] - g[n - 2] * h.q);
-            }
-            const double P = (cap[0] * t[0] + hoTe + k[0] * A1) * h.pInv;
-            h.a[0] = P, h.b[0] = h.q;
-            rhs = cap[n - 1] * t[n - 1] + kl * (a[n - 2] + g[n - 2] * P);
-        }
-        // Inside face: diag T_s = rhs + hc (Ta - T_s) + hr (Tm - T_s) + source.
-        const double hr = h.mrtConductance, A = h.area;
-        if (refresh) {
-            h.insideConvection = NaturalConvection(h.t[n - 1] - st.tAir, h.insideNatural);
-            const double hc = h.insideConvection;
-            h.w = 1.0 / (h.diag + hc + hr);
-            st.m1 += A * hr * h.w * hc;
-            st.m2 += A * hr * (h.w * hr - 1.0);
-            st.a1 -= A * hc * (h.w * hc - 1.0);
-            st.a2 -= A * hc * h.w * hr;
-        }
-        const double hc = h.insideConvection;
-        E[i] = rhs + src[i] * h.invArea;
-        m0 -= A * hr * h.w * E[i];
-        a0 += A * hc * h.w * E[i];
-    }
-    const double m1 = st.m1, m2 = st.m2, a2 = st.a2;
-    double a1 = st.a1;
-    const double cAir = st.airCapacity / dt;
-    a1 += cAir + in.gInfiltration + in.gOutdoorAir;
-    a0 += cAir * st.tAir + (in.gInfiltration + in.gOutdoorAir) * in.tOut + in.convective;
-    // Q = alpha Ta - beta after eliminating the star node.
-    const double alpha = a1 - a2 * m1 / m2;
-    const double beta = a0 - a2 * m0 / m2;
-    double ta = beta / alpha, q = 0;
-    if (ta < in.tHeat) {
-        q = std::min(alpha * in.tHeat - beta, in.heatCapacity);
-        ta = (q + beta) / alpha;
-    } else if (ta > in.tCool) {
-        q = std::max(alpha * in.tCool - beta, -in.coolCapacity);
-        ta = (q + beta) / alpha;
-    }
-    const double tm = (m0 - m1 * ta) / m2;
-    StepResult r;
-    r.q = q;
-    r.tAir = ta;
-    const double tAirOld = st.tAir;
-    st.tAir = ta;
-    st.tStar = tm;
-    // Back substitution and the heat flows of the step.
-    double stored = cAir * (ta - tAirOld);
-    double boundary = 0;
-    auto addFlow = [&](double f) {
-        if (f >= 0)
-            r.in += f;
-        else
-            r.out -= f;
-        boundary += f;
-    };
-    for (std::size_t i = 0; i < ns; ++i) {
-        HeatSurface& h = st.surfaces[i];
-        const std::size_t n = h.t.size();
-        const double hc = h.insideConvection, hr = h.mrtConductance, A = h.area;
-        double* t = h.t.data();
-        const double* cap = h.capacityDt.data();
-        const double tsNew = h.w * (E[i] + hc * ta + hr * tm);
-        double dStored = cap[n - 1] * (tsNew - t[n - 1]);
-        t[n - 1] = tsNew;
-        if (n >= 2) {
-            const double t0 = h.a[0] + h.b[0] * tsNew;
-            double next = tsNew;
-            for (std::size_t j = n - 1; j-- > 1;) {
-                next = h.a[j] + h.b[j] * next + h.g[j] * t0;
-                dStored += cap[j] * (next - t[j]);
-                t[j] = next;
-            }
-            dStored += cap[0] * (t0 - t[0]);
-            t[0] = t0;
-        }
-        stored += A * dStored;
-        const double ts = t[n - 1];
-        const double body = A * (hc * (ts - ta) + hr * (ts - tm)) - src[i];
-        r.gains[h.component] += body;
-        addFlow(A * (hoTeOf[i] - h.ho * h.t[0]));
-        addFlow(src[i]);
-    }
-    r.gains[kCompInfiltration] = in.gInfiltration * (in.tOut - ta);
-    r.gains[kCompOutdoorAir] = in.gOutdoorAir * (in.tOut - ta);
-    r.gains[kCompStorage] -= cAir * (ta - tAirOld);
-    addFlow(r.gains[kCompInfiltration]);
-    addFlow(r.gains[kCompOutdoorAir]);
-    addFlow(in.convective);
-    addFlow(q);
-    r.stored = stored;
-    return r;
 }
 
 }  // namespace
@@ -667,8 +342,9 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                                                  }()
                                                : GroundTemperatures(w, 0.5);
 
-    std::vector<std::vector<double>> outsideSolar(zs.size()), src(zs.size()),
-        windowAbsorbed(zs.size());
+    // Hourly per-face scratch of the zone being stepped (absorbed outside
+    // solar W/m2, inside sources W, solar absorbed in the windows W).
+    std::vector<double> outsideSolar, src, windowAbsorbed;
     std::vector<std::array<int, 12>> monthHours(zs.size());
     std::vector<double> tempSum(zs.size(), 0.0);
     std::vector<int> tempCount(zs.size(), 0);
@@ -714,9 +390,9 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 ZoneState& st = zs[z];
                 ZoneResults& zr = res.zones[z];
                 const std::size_t ns = st.surfaces.size();
-                outsideSolar[z].assign(ns, 0.0);
-                windowAbsorbed[z].assign(ns, 0.0);
-                src[z].assign(ns, 0.0);
+                outsideSolar.assign(ns, 0.0);
+                windowAbsorbed.assign(ns, 0.0);
+                src.assign(ns, 0.0);
                 double beamIn = 0, diffuseIn = 0;
                 for (std::size_t i = 0; i < ns; ++i) {
                     const HeatSurface& h = st.surfaces[i];
@@ -725,7 +401,7 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                     ir.groundDiffuse =
                         h.groundReflectance * groundDiffuseBase * 0.5 * (1.0 - h.cosTilt);
                     if (!h.isWindow) {
-                        outsideSolar[z][i] = h.outsideAbsorptance * ir.Total();
+                        outsideSolar[i] = h.outsideAbsorptance * ir.Total();
                         continue;
                     }
                     const WindowOptics& op = optics[h.windowType];
@@ -738,7 +414,7 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                     const double ab = beam > 0 ? op.AbsorbedInward(ir.cosIncidence) : 0.0;
                     beamIn += tb * beam * h.area * blind;
                     diffuseIn += op.diffuseTransmittance * diff * h.area * blind;
-                    windowAbsorbed[z][i] =
+                    windowAbsorbed[i] =
                         (ab * beam + op.diffuseAbsorbedInward * diff) * h.area * blind;
                 }
                 auto prof = [&](int p) { return p < 0 ? 1.0 : b.profiles[p].At(weekday, hour); };
@@ -752,9 +428,9 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 for (std::size_t i = 0; i < ns; ++i) {
                     const HeatSurface& h = st.surfaces[i];
                     const double solar =
-                        h.beamShare * beamIn + h.diffuseShare * diffuseIn + windowAbsorbed[z][i];
+                        h.beamShare * beamIn + h.diffuseShare * diffuseIn + windowAbsorbed[i];
                     solarTotal += solar;
-                    src[z][i] = solar + h.radiantShare * radiant;
+                    src[i] = solar + h.radiantShare * radiant;
                 }
                 const bool hvac = zone.conditioned && !opt.hvacOff && !skipped;
                 StepInputs in;
@@ -782,6 +458,12 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 double hourQh = 0, hourQc = 0, hourT = 0;
                 std::array<double, kComponentCount> heatComp{}, coolComp{};
                 double hIn = 0, hOut = 0, hStored = 0;
+                // Films once an hour, from the first step's weather and the
+                // last temperatures.
+                in.tOut = stepWeather[0].tOut;
+                in.windPowerWindward = stepWeather[0].powW;
+                in.windPowerLeeward = stepWeather[0].powL;
+                detail::RefreshFilms(st, in, outsideSolar.data(), src.data());
                 for (int k = 1; k <= steps; ++k) {
                     const StepWeather& sw = stepWeather[k - 1];
                     in.tOut = sw.tOut;
@@ -793,7 +475,7 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                     const double rhoCp = AirDensity(pressure, st.tAir) * kAirCp;
                     in.gInfiltration = rhoCp * zone.volume * zone.infiltrationAch / 3600.0;
                     in.gOutdoorAir = rhoCp * oaFlow;
-                    const StepResult r = StepZone(st, in, outsideSolar[z], src[z], dt, k == 1);
+                    const StepResult r = detail::StepZone(st, in, dt);
                     hourT += r.tAir * invSteps;
                     std::array<double, kComponentCount> gains = r.gains;
                     gains[kCompWindowSolar] += solarTotal;

@@ -1,0 +1,130 @@
+// The state of one zone while the year runs, and its step (zone_step.cpp).
+// Internal to the engine: simulation.cpp builds it and drives it.
+//
+// Layout. What a face needs every step lives in two compact blocks per
+// zone: `FaceStep` (the face's coefficients, one small record per face, in
+// a contiguous array) and the node arrays of `ZoneState` (all the zone's
+// node chains one after the other). A step then streams through a few
+// hundred bytes per face instead of chasing one heap block per quantity, so
+// that a zone stays in cache. What is read once an hour (orientation,
+// shading, convection factors) stays in `HeatSurface`.
+#pragma once
+
+#include <array>
+#include <limits>
+#include <vector>
+
+#include "engine/building.h"
+#include "engine/simulation.h"
+
+namespace solvane::engine::detail {
+
+// Natural convection factors of |dT|^(1/3) for a face warmer and for a face
+// cooler than the air (see NaturalFactorsFor).
+struct NaturalFactors {
+    double warmer = 1.31, cooler = 1.31;
+};
+
+// One heat-exchanging face of a zone as described: the opaque part of a
+// surface, or one window of it. Read when the films are refreshed (hourly)
+// and by the hourly solar work.
+struct HeatSurface {
+    int sourceSurface = 0;
+    int construction = 0;
+    Component component = kCompWalls;
+    bool isWindow = false;
+    bool internalMass = false;
+    Boundary boundary = Boundary::Outdoors;
+    double area = 0;
+    double cosTilt = 0;    // of the outward normal
+    int orientation = -1;  // index of its (azimuth, tilt) pair, -1 when sunless
+    double outsideAbsorptance = 0, outsideEmissivity = 0.9;
+    double groundReflectance = 0.2;
+    double groundTemperature = std::numeric_limits<double>::quiet_NaN();
+    double groundConductance = 0;
+    double windowConductance = 0;  // window: outdoor air to inside face, W/m2K
+    double azimuth = 0;
+    double cosAzimuth = 1, sinAzimuth = 0;
+    NaturalFactors outsideNatural, insideNatural;  // the inside face looks the other way
+    double windFactor = 1;  // wind at the surface over the wind of the weather
+    double windFactorWindward = 1, windFactorLeeward = 1;  // its powers 0.89 and 0.617
+    double skyShare = 0;   // share of the outside long-wave exchange with the sky
+    bool windward = true;  // set each hour from the wind direction
+    NodeChain chain;
+    double mrtConductance = 0;                                 // W/m2K to the star node
+    double beamShare = 0, diffuseShare = 0, radiantShare = 0;  // of zone totals absorbed here
+    // Window only.
+    int windowType = -1;
+    const Window* window = nullptr;
+};
+
+// The coefficients of one face that a step reads. Nodes begin..begin+n-1
+// of the zone's node arrays are the face's chain, outside face first.
+struct FaceStep {
+    int begin = 0, n = 1;
+    int component = kCompWalls;
+    double area = 0, invArea = 0;
+    double hr = 0;  // long-wave conductance to the star node, W/m2K
+    // Held through the hour: inside convection, outside film and its parts
+    // on the outdoor air and sky temperatures, the fixed part of the
+    // outside source (ground term or absorbed solar, W/m2), the chain's
+    // reduction (outside face T_0 = P + q T_s), the inside face's factor w
+    // and the face's weights in the zone's star and air equations.
+    double hc = 2.0, ho = 0, hoAir = 0, hoSky = 0, hoFix = 0;
+    double pInv = 0, q = 0, diag = 0, w = 0, starWeight = 0, airWeight = 0;
+    // Node 1 in terms of the two faces (fixed; 0 and 1 for a two-node chain).
+    double B1 = 0, G1 = 0;
+    double src = 0;  // inside source of the hour (solar and radiant gains), W
+    // Of the current step.
+    double E = 0, hoTe = 0, P = 0;
+};
+
+struct ZoneState {
+    std::vector<HeatSurface> surfaces;  // as described, parallel to `faces`
+    std::vector<FaceStep> faces;
+    // Node arrays of all chains: temperature, capacity over the step (W/m2K),
+    // conductance to the next node, and the interior elimination, done once
+    // since its coefficients are constant: T_j = a_j + b_j T_j+1 + g_j T_0,
+    // with a_j from the last temperatures each step and b_j, g_j, 1/d_j
+    // fixed. A two-node chain keeps a = b = 0 and g = 1 at its node 0 so that
+    // the same formulas serve it.
+    std::vector<double> t, cap, k, a, b, g, invD;
+    double airCapacity = 0;  // J/K
+    double tAir = 20, tAirOld = 20, tStar = 20;
+    double m1 = 0, m2 = 0, a1 = 0, a2 = 0;  // zone sums held through the hour
+};
+
+// What one zone sees in one step.
+struct StepInputs {
+    double tOut = 0, tSky = 0, tGround = 10;
+    double windPowerWindward = 0, windPowerLeeward = 0;  // weather wind ^0.89, ^0.617
+    double gInfiltration = 0, gOutdoorAir = 0;           // W/K
+    double convective = 0;                               // internal gains to the air, W
+    double tHeat = -1e30, tCool = 1e30;
+    double heatCapacity = 1e30, coolCapacity = 1e30;
+};
+
+struct StepResult {
+    double q = 0;  // ideal system, W, heating positive
+    double tAir = 0;
+    std::array<double, kComponentCount> gains{};  // W into the zone
+    double in = 0, out = 0, stored = 0;           // W across the zone's boundary
+};
+
+NaturalFactors NaturalFactorsFor(double cosUp);
+
+// Packs the described faces into the step arrays (node chains, interior
+// elimination) with the step `dt` in seconds.
+void PackFaces(ZoneState& z, double dt);
+
+// Evaluates the film coefficients (outside convection and long-wave, inside
+// convection) from the last temperatures and keeps every coefficient that
+// follows from them, with the hour's outside solar (W/m2 absorbed per face)
+// and inside sources (W per face).
+void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar,
+                  const double* src);
+
+// One step of a zone with the coefficients of the last refresh.
+StepResult StepZone(ZoneState& z, const StepInputs& in, double dt);
+
+}  // namespace solvane::engine::detail
