@@ -2,12 +2,13 @@
 // Internal to the engine: simulation.cpp builds it and drives it.
 //
 // Layout. What a face needs every step lives in two compact blocks per
-// zone: `FaceStep` (the face's coefficients, one small record per face, in
-// a contiguous array) and the node arrays of `ZoneState` (all the zone's
-// node chains one after the other). A step then streams through a few
+// zone: `FaceStep` (the face's coefficients and face temperatures, one small
+// record per face, in a contiguous array) and the mode arrays of
+// `ZoneState` (the interiors of all the zone's node chains one after the
+// other, in modal form, chain_modes.h). A step then streams through a few
 // hundred bytes per face instead of chasing one heap block per quantity, so
-// that a zone stays in cache. What is read once an hour (orientation,
-// shading, convection factors) stays in `HeatSurface`.
+// that a zone stays in cache, and has no recurrence along a chain. What is read once an hour
+// (orientation, shading, convection factors) stays in `HeatSurface`.
 #pragma once
 
 #include <array>
@@ -58,13 +59,19 @@ struct HeatSurface {
     const Window* window = nullptr;
 };
 
-// The coefficients of one face that a step reads. Nodes begin..begin+n-1
-// of the zone's node arrays are the face's chain, outside face first.
+// The coefficients of one face that a step reads. The face's chain is its
+// outside face (temperature t0), its inside face (ts) and, between them,
+// m = n - 2 interior nodes held as modes (chain_modes.h) at begin..begin+m-1
+// of the zone's mode arrays. A one-node chain (a window, a thin massless
+// layer) keeps t0 equal to ts.
 struct FaceStep {
-    int begin = 0, n = 1;
+    int begin = 0, n = 1, m = 0;
     int component = kCompWalls;
     double area = 0, invArea = 0;
-    double hr = 0;  // long-wave conductance to the star node, W/m2K
+    double t0 = 20, ts = 20;                    // face temperatures, C
+    double cap0 = 0, capL = 0, k0 = 0, kl = 0;  // faces' capacity over the step, end conductances
+    double G1 = 0, B1 = 0, GL = 0, BL = 0;      // see ChainModes
+    double hr = 0;                              // long-wave conductance to the star node, W/m2K
     // Held through the hour: inside convection, outside film and its parts
     // on the outdoor air and sky temperatures, the fixed part of the
     // outside source (ground term or absorbed solar, W/m2), the chain's
@@ -72,8 +79,6 @@ struct FaceStep {
     // and the face's weights in the zone's star and air equations.
     double hc = 2.0, ho = 0, hoAir = 0, hoSky = 0, hoFix = 0;
     double pInv = 0, q = 0, diag = 0, w = 0, starWeight = 0, airWeight = 0;
-    // Node 1 in terms of the two faces (fixed; 0 and 1 for a two-node chain).
-    double B1 = 0, G1 = 0;
     double src = 0;  // inside source of the hour (solar and radiant gains), W
     // Of the current step.
     double E = 0, hoTe = 0, P = 0;
@@ -82,13 +87,9 @@ struct FaceStep {
 struct ZoneState {
     std::vector<HeatSurface> surfaces;  // as described, parallel to `faces`
     std::vector<FaceStep> faces;
-    // Node arrays of all chains: temperature, capacity over the step (W/m2K),
-    // conductance to the next node, and the interior elimination, done once
-    // since its coefficients are constant: T_j = a_j + b_j T_j+1 + g_j T_0,
-    // with a_j from the last temperatures each step and b_j, g_j, 1/d_j
-    // fixed. A two-node chain keeps a = b = 0 and g = 1 at its node 0 so that
-    // the same formulas serve it.
-    std::vector<double> t, cap, k, a, b, g, invD;
+    // Mode arrays of all chains (see ChainModes): amplitude, decay, drive
+    // by the two faces, weights of node 1 and node n-2, stored heat.
+    std::vector<double> z, lambda, lp, ls, alpha, beta, gamma;
     double airCapacity = 0;  // J/K
     double tAir = 20, tAirOld = 20, tStar = 20;
     double m1 = 0, m2 = 0, a1 = 0, a2 = 0;  // zone sums held through the hour
@@ -113,8 +114,8 @@ struct StepResult {
 
 NaturalFactors NaturalFactorsFor(double cosUp);
 
-// Packs the described faces into the step arrays (node chains, interior
-// elimination) with the step `dt` in seconds.
+// Packs the described faces into the step arrays (face nodes, modes of the
+// interior at a uniform 20 C) with the step `dt` in seconds.
 void PackFaces(ZoneState& z, double dt);
 
 // Evaluates the film coefficients (outside convection and long-wave, inside

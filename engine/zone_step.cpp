@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "engine/chain_modes.h"
 #include "engine/zone_state.h"
 
 namespace solvane::engine::detail {
@@ -65,54 +66,47 @@ NaturalFactors NaturalFactorsFor(double cosUp) {
 }
 
 void PackFaces(ZoneState& z, double dt) {
-    std::size_t nodes = 0;
-    for (const HeatSurface& h : z.surfaces) nodes += h.chain.capacity.size();
-    z.t.assign(nodes, 20.0);
-    z.cap.assign(nodes, 0.0);
-    z.k.assign(nodes, 0.0);
-    z.a.assign(nodes, 0.0);
-    z.b.assign(nodes, 0.0);
-    z.g.assign(nodes, 0.0);
-    z.invD.assign(nodes, 0.0);
+    std::size_t modes = 0;
+    for (const HeatSurface& h : z.surfaces)
+        modes += std::max<std::size_t>(h.chain.capacity.size(), 2) - 2;
+    for (std::vector<double>* v : {&z.z, &z.lambda, &z.lp, &z.ls, &z.alpha, &z.beta, &z.gamma})
+        v->assign(modes, 0.0);
     z.faces.assign(z.surfaces.size(), FaceStep{});
     int begin = 0;
     for (std::size_t i = 0; i < z.surfaces.size(); ++i) {
         const HeatSurface& h = z.surfaces[i];
         FaceStep& f = z.faces[i];
-        const int n = static_cast<int>(h.chain.capacity.size());
+        std::vector<double> cap = h.chain.capacity;
+        for (double& c : cap) c /= dt;
+        const int n = static_cast<int>(cap.size());
+        const ChainModes cm = MakeChainModes(cap, h.chain.conductance);
         f.begin = begin;
         f.n = n;
+        f.m = std::max(n - 2, 0);
         f.component = h.component;
         f.area = h.area;
         f.invArea = 1.0 / h.area;
         f.hr = h.mrtConductance;
-        double* cap = z.cap.data() + begin;
-        double* k = z.k.data() + begin;
-        double* b = z.b.data() + begin;
-        double* g = z.g.data() + begin;
-        double* invD = z.invD.data() + begin;
-        for (int j = 0; j < n; ++j) cap[j] = h.chain.capacity[j] / dt;
-        for (int j = 0; j + 1 < n; ++j) k[j] = h.chain.conductance[j];
-        if (n == 2) {
-            g[0] = 1.0;
-            f.B1 = 1.0;
-        } else if (n >= 3) {
-            for (int j = 1; j + 1 < n; ++j) {
-                const double d = cap[j] + k[j - 1] + k[j] - (j > 1 ? k[j - 1] * b[j - 1] : 0.0);
-                invD[j] = 1.0 / d;
-                b[j] = k[j] * invD[j];
-                g[j] = (j == 1 ? k[0] : k[j - 1] * g[j - 1]) * invD[j];
-            }
-            // Node 1 in terms of the faces: fold b and g down from node n-2.
-            double bb = b[n - 2], gg = g[n - 2];
-            for (int j = n - 3; j >= 1; --j) {
-                gg = g[j] + b[j] * gg;
-                bb = b[j] * bb;
-            }
-            f.B1 = bb;
-            f.G1 = gg;
+        f.cap0 = cap[0];
+        f.capL = cap[n - 1];
+        if (n >= 2) {
+            f.k0 = h.chain.conductance[0];
+            f.kl = h.chain.conductance[n - 2];
         }
-        begin += n;
+        f.G1 = cm.G1, f.B1 = cm.B1, f.GL = cm.GL, f.BL = cm.BL;
+        for (int j = 0; j < f.m; ++j) {
+            const std::size_t at = static_cast<std::size_t>(begin + j);
+            z.lambda[at] = cm.lambda[j];
+            z.lp[at] = cm.lp[j];
+            z.ls[at] = cm.ls[j];
+            z.alpha[at] = cm.alpha[j];
+            z.beta[at] = cm.beta[j];
+            z.gamma[at] = cm.gamma[j];
+            double amplitude = 0;  // every node at 20 C
+            for (int c = 0; c < f.m; ++c) amplitude += cm.toModes[j * f.m + c] * 20.0;
+            z.z[at] = amplitude;
+        }
+        begin += f.m;
     }
 }
 
@@ -124,7 +118,6 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
         const HeatSurface& h = z.surfaces[i];
         FaceStep& f = z.faces[i];
         const int n = f.n;
-        const double* t = z.t.data() + f.begin;
         // Outside boundary: ho (T_eq - T_0) = hoAir Tout + hoSky Tsky + hoFix - ho T_0.
         f.hoFix = 0;
         if (h.isWindow) {
@@ -137,7 +130,7 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
             f.hoAir = f.hoSky = 0;
             f.hoFix = f.ho * (std::isnan(h.groundTemperature) ? in.tGround : h.groundTemperature);
         } else {
-            const double ts = t[0];
+            const double ts = f.t0;
             const bool sunlit = h.boundary == Boundary::Outdoors;
             const double power = !sunlit ? 0.0
                                          : (h.windward ? in.windPowerWindward * h.windFactorWindward
@@ -151,20 +144,17 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
             f.ho = f.hoAir + f.hoSky;
             if (sunlit) f.hoFix = outsideSolar[i];
         }
-        // The chain reduced to its inside face: diag T_s = rhs + room terms.
-        const double* cap = z.cap.data() + f.begin;
-        const double* k = z.k.data() + f.begin;
+        // The chain reduced to its inside face: diag T_s = rhs + room terms,
+        // with the outside face T_0 = P + q T_s.
         if (n == 1) {
-            f.diag = cap[0] + f.ho;
+            f.diag = f.cap0 + f.ho;
         } else {
-            const double* b = z.b.data() + f.begin;
-            const double* g = z.g.data() + f.begin;
-            f.pInv = 1.0 / (cap[0] + f.ho + k[0] - k[0] * f.G1);
-            f.q = k[0] * f.B1 * f.pInv;
-            f.diag = cap[n - 1] + k[n - 2] * (1 - b[n - 2] - g[n - 2] * f.q);
+            f.pInv = 1.0 / (f.cap0 + f.ho + f.k0 - f.k0 * f.G1);
+            f.q = f.k0 * f.B1 * f.pInv;
+            f.diag = f.capL + f.kl * (1 - f.BL - f.GL * f.q);
         }
         // Inside face: diag T_s = rhs + hc (Ta - T_s) + hr (Tm - T_s) + source.
-        f.hc = NaturalConvection(t[n - 1] - z.tAir, h.insideNatural);
+        f.hc = NaturalConvection(f.ts - z.tAir, h.insideNatural);
         f.src = src[i];
         const double hc = f.hc, hr = f.hr, A = f.area;
         f.w = 1.0 / (f.diag + hc + hr);
@@ -179,39 +169,27 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
 
 StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
     double m0 = 0, a0 = 0;  // star: m1 Ta + m2 Tm = m0; air: a1 Ta + a2 Tm - a0 = Q
-    double* T = z.t.data();
-    const double* Cap = z.cap.data();
-    const double* K = z.k.data();
-    double* Av = z.a.data();
-    const double* Bv = z.b.data();
-    const double* Gv = z.g.data();
-    const double* InvD = z.invD.data();
+    const double* Z = z.z.data();
+    const double* Alpha = z.alpha.data();
+    const double* Beta = z.beta.data();
     for (FaceStep& f : z.faces) {
-        const int n = f.n;
-        const double* t = T + f.begin;
-        const double* cap = Cap + f.begin;
         const double hoTe = f.hoAir * in.tOut + f.hoSky * in.tSky + f.hoFix;
         double rhs;
-        if (n == 1) {
-            rhs = cap[0] * t[0] + hoTe;
+        if (f.n == 1) {
+            rhs = f.cap0 * f.ts + hoTe;
         } else {
-            // Forward elimination of the interior (nodes 1..n-2) with the
-            // last temperatures, folded to node 1 in terms of the faces; the
-            // outside face comes out as T_0 = P + q T_s.
-            const double* k = K + f.begin;
-            double* a = Av + f.begin;
-            const double* b = Bv + f.begin;
-            const double* invD = InvD + f.begin;
-            double A1 = 0;
-            if (n >= 3) {
-                a[1] = cap[1] * t[1] * invD[1];
-                for (int j = 2; j + 1 < n; ++j)
-                    a[j] = (cap[j] * t[j] + k[j - 1] * a[j - 1]) * invD[j];
-                A1 = a[n - 2];
-                for (int j = n - 3; j >= 1; --j) A1 = a[j] + b[j] * A1;
+            // Node 1 and node n-2 from the modes before the step; the outside
+            // face then comes out as T_0 = P + q T_s.
+            const double* zi = Z + f.begin;
+            const double* alpha = Alpha + f.begin;
+            const double* beta = Beta + f.begin;
+            double A1 = 0, AL = 0;
+            for (int i = 0; i < f.m; ++i) {
+                A1 += alpha[i] * zi[i];
+                AL += beta[i] * zi[i];
             }
-            f.P = (cap[0] * t[0] + hoTe + k[0] * A1) * f.pInv;
-            rhs = cap[n - 1] * t[n - 1] + k[n - 2] * (a[n - 2] + Gv[f.begin + n - 2] * f.P);
+            f.P = (f.cap0 * f.t0 + hoTe + f.k0 * A1) * f.pInv;
+            rhs = f.capL * f.ts + f.kl * (AL + f.GL * f.P);
         }
         f.hoTe = hoTe;
         f.E = rhs + f.src * f.invArea;
@@ -245,31 +223,36 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
     // out by its sign.
     double stored = cAir * (ta - tAirOld);
     double flowIn = 0, flowOut = 0;
-    for (const FaceStep& f : z.faces) {
-        const int n = f.n;
-        double* t = T + f.begin;
-        const double* cap = Cap + f.begin;
+    double* Zm = z.z.data();
+    const double* Lambda = z.lambda.data();
+    const double* Lp = z.lp.data();
+    const double* Ls = z.ls.data();
+    const double* Gamma = z.gamma.data();
+    for (FaceStep& f : z.faces) {
         const double tsNew = f.w * (f.E + f.hc * ta + f.hr * tm);
-        double dStored = cap[n - 1] * (tsNew - t[n - 1]);
-        t[n - 1] = tsNew;
-        if (n >= 2) {
-            const double* a = Av + f.begin;
-            const double* b = Bv + f.begin;
-            const double* g = Gv + f.begin;
+        double dStored = f.capL * (tsNew - f.ts);
+        if (f.n == 1) {
+            f.t0 = tsNew;
+        } else {
             const double t0 = f.P + f.q * tsNew;
-            double next = tsNew;
-            for (int j = n - 2; j >= 1; --j) {
-                next = a[j] + b[j] * next + g[j] * t0;
-                dStored += cap[j] * (next - t[j]);
-                t[j] = next;
+            double* zi = Zm + f.begin;
+            const double* lambda = Lambda + f.begin;
+            const double* lp = Lp + f.begin;
+            const double* ls = Ls + f.begin;
+            const double* gamma = Gamma + f.begin;
+            for (int i = 0; i < f.m; ++i) {
+                const double next = lambda[i] * zi[i] + lp[i] * t0 + ls[i] * tsNew;
+                dStored += gamma[i] * (next - zi[i]);
+                zi[i] = next;
             }
-            dStored += cap[0] * (t0 - t[0]);
-            t[0] = t0;
+            dStored += f.cap0 * (t0 - f.t0);
+            f.t0 = t0;
         }
+        f.ts = tsNew;
         stored += f.area * dStored;
         const double body = f.area * (f.hc * (tsNew - ta) + f.hr * (tsNew - tm)) - f.src;
         r.gains[f.component] += body;
-        const double outside = f.area * (f.hoTe - f.ho * t[0]);
+        const double outside = f.area * (f.hoTe - f.ho * f.t0);
         flowIn += std::max(outside, 0.0) + std::max(f.src, 0.0);
         flowOut += std::max(-outside, 0.0) + std::max(-f.src, 0.0);
     }
