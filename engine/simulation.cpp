@@ -59,6 +59,40 @@ int FindOrientation(std::vector<Orientation>& list, double azimuth, double tilt)
     return static_cast<int>(list.size()) - 1;
 }
 
+// What decides the solar gain per unit area of a window: its plane, its
+// glazing, its shading and the ground before it. Windows alike in these
+// share one evaluation per hour.
+struct WindowAspect {
+    int orientation, windowType;
+    WindowShading shading;
+    double groundReflectance, cosTilt, cosAzimuth, sinAzimuth;
+};
+
+// Solar of one hour through a window aspect, W per m2 of glazing: beam and
+// diffuse transmitted, and absorbed in the glass flowing inwards.
+struct WindowSolar {
+    double beamIn, diffuseIn, absorbed;
+};
+
+int FindWindowAspect(std::vector<WindowAspect>& list, const HeatSurface& h) {
+    const WindowShading& c = h.window->shading;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        const WindowAspect& x = list[i];
+        const WindowShading& a = x.shading;
+        if (x.orientation == h.orientation && x.windowType == h.windowType &&
+            x.groundReflectance == h.groundReflectance && x.cosTilt == h.cosTilt &&
+            a.overhangProjection == c.overhangProjection &&
+            a.overhangTransmittance == c.overhangTransmittance &&
+            a.leftFinProjection == c.leftFinProjection &&
+            a.rightFinProjection == c.rightFinProjection && a.obstruction == c.obstruction &&
+            a.blind == c.blind)
+            return static_cast<int>(i);
+    }
+    list.push_back({h.orientation, h.windowType, c, h.groundReflectance, h.cosTilt, h.cosAzimuth,
+                    h.sinAzimuth});
+    return static_cast<int>(list.size()) - 1;
+}
+
 Component ComponentOf(SurfaceClass k) {
     switch (k) {
         case SurfaceClass::Roof:
@@ -73,7 +107,8 @@ Component ComponentOf(SurfaceClass k) {
 }
 
 ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<WindowOptics>& optics,
-                    std::vector<Orientation>& orients, double dt, double airDensity) {
+                    std::vector<Orientation>& orients, std::vector<WindowAspect>& aspects,
+                    double dt, double airDensity) {
     ZoneState z;
     for (std::size_t si = 0; si < zone.surfaces.size(); ++si) {
         const Surface& s = zone.surfaces[si];
@@ -133,6 +168,7 @@ ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<Windo
             wh.windowConductance = 1.0 / (1.0 / UFactor(g) - 1.0 / g.insideFilm);
             wh.chain.capacity = {0.0};
             wh.chain.conductance.clear();
+            if (wh.orientation >= 0) wh.windowAspect = FindWindowAspect(aspects, wh);
             z.surfaces.push_back(wh);
         }
     }
@@ -315,9 +351,10 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
     std::vector<WindowOptics> optics;
     for (const WindowType& t : b.windowTypes) optics.push_back(MakeWindowOptics(t.glazing));
     std::vector<Orientation> orients;
+    std::vector<WindowAspect> aspects;
     std::vector<ZoneState> zs;
     for (const Zone& zone : b.zones)
-        zs.push_back(BuildZone(b, zone, optics, orients, dt, siteDensity));
+        zs.push_back(BuildZone(b, zone, optics, orients, aspects, dt, siteDensity));
 
     RunResults res;
     res.zones.resize(b.zones.size());
@@ -345,6 +382,7 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
     // Hourly per-face scratch of the zone being stepped (absorbed outside
     // solar W/m2, inside sources W, solar absorbed in the windows W).
     std::vector<double> outsideSolar, src, windowAbsorbed;
+    std::vector<WindowSolar> windowSolar;
     std::vector<std::array<int, 12>> monthHours(zs.size());
     std::vector<double> tempSum(zs.size(), 0.0);
     std::vector<int> tempCount(zs.size(), 0);
@@ -368,6 +406,23 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
             for (std::size_t o = 0; o < orients.size(); ++o)
                 irr[o] = IrradianceOn(sky, orients[o].normal, 0.0);
             const double groundDiffuseBase = sky.globalHorizontal;
+            // Solar through each kind of window, per m2 of glazing.
+            windowSolar.resize(aspects.size());
+            for (std::size_t a = 0; a < aspects.size(); ++a) {
+                const WindowAspect& x = aspects[a];
+                const SurfaceIrradiance& ir = irr[x.orientation];
+                const double groundDiffuse =
+                    x.groundReflectance * groundDiffuseBase * 0.5 * (1.0 - x.cosTilt);
+                const WindowOptics& op = optics[x.windowType];
+                const ShadeFactors sf = WindowShade(x.shading, sun, x.cosAzimuth, x.sinAzimuth);
+                const double beam = ir.beam * sf.beam;
+                const double diff = ir.skyDiffuse * sf.sky + groundDiffuse;
+                const double blind = BlindFactor(x.shading.blind, beam);
+                const double tb = beam > 0 ? op.Transmittance(ir.cosIncidence) : 0.0;
+                const double ab = beam > 0 ? op.AbsorbedInward(ir.cosIncidence) : 0.0;
+                windowSolar[a] = {tb * beam * blind, op.diffuseTransmittance * diff * blind,
+                                  (ab * beam + op.diffuseAbsorbedInward * diff) * blind};
+            }
             const double windCos = std::cos(wh.windDirection * kDeg);
             const double windSin = std::sin(wh.windDirection * kDeg);
             // Step values the zones share: outdoor temperature, pressure and
@@ -397,25 +452,17 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 for (std::size_t i = 0; i < ns; ++i) {
                     const HeatSurface& h = st.surfaces[i];
                     if (h.orientation < 0) continue;
+                    if (h.isWindow) {
+                        const auto& ws = windowSolar[h.windowAspect];
+                        beamIn += ws.beamIn * h.area;
+                        diffuseIn += ws.diffuseIn * h.area;
+                        windowAbsorbed[i] = ws.absorbed * h.area;
+                        continue;
+                    }
                     SurfaceIrradiance ir = irr[h.orientation];
                     ir.groundDiffuse =
                         h.groundReflectance * groundDiffuseBase * 0.5 * (1.0 - h.cosTilt);
-                    if (!h.isWindow) {
-                        outsideSolar[i] = h.outsideAbsorptance * ir.Total();
-                        continue;
-                    }
-                    const WindowOptics& op = optics[h.windowType];
-                    const ShadeFactors sf =
-                        WindowShade(h.window->shading, sun, h.cosAzimuth, h.sinAzimuth);
-                    const double beam = ir.beam * sf.beam;
-                    const double diff = ir.skyDiffuse * sf.sky + ir.groundDiffuse;
-                    const double blind = BlindFactor(h.window->shading.blind, beam);
-                    const double tb = beam > 0 ? op.Transmittance(ir.cosIncidence) : 0.0;
-                    const double ab = beam > 0 ? op.AbsorbedInward(ir.cosIncidence) : 0.0;
-                    beamIn += tb * beam * h.area * blind;
-                    diffuseIn += op.diffuseTransmittance * diff * h.area * blind;
-                    windowAbsorbed[i] =
-                        (ab * beam + op.diffuseAbsorbedInward * diff) * h.area * blind;
+                    outsideSolar[i] = h.outsideAbsorptance * ir.Total();
                 }
                 auto prof = [&](int p) { return p < 0 ? 1.0 : b.profiles[p].At(weekday, hour); };
                 const ZoneGains& g = zone.gains;
