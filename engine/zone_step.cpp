@@ -65,6 +65,18 @@ NaturalFactors NaturalFactorsFor(double cosUp) {
     return f;
 }
 
+// The chain reduced to its inside face for the outside film ho:
+// diag T_s = rhs + room terms, with the outside face T_0 = P + q T_s.
+void ReduceChain(FaceStep& f) {
+    if (f.n == 1) {
+        f.diag = f.cap0 + f.ho;
+    } else {
+        f.pInv = 1.0 / (f.cap0 + f.ho + f.k0 - f.k0 * f.G1);
+        f.q = f.k0 * f.B1 * f.pInv;
+        f.diag = f.capL + f.kl * (1 - f.BL - f.GL * f.q);
+    }
+}
+
 void PackFaces(ZoneState& z, double dt) {
     std::size_t modes = 0;
     for (const HeatSurface& h : z.surfaces)
@@ -106,6 +118,13 @@ void PackFaces(ZoneState& z, double dt) {
             for (int c = 0; c < f.m; ++c) amplitude += cm.toModes[j * f.m + c] * 20.0;
             z.z[at] = amplitude;
         }
+        // Fixed outside films.
+        if (h.isWindow) {
+            f.ho = f.hoAir = h.windowConductance;
+        } else if (h.boundary == Boundary::Ground) {
+            f.ho = h.groundConductance;
+        }
+        ReduceChain(f);
         begin += f.m;
     }
 }
@@ -117,19 +136,14 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
     for (std::size_t i = 0; i < z.faces.size(); ++i) {
         const HeatSurface& h = z.surfaces[i];
         FaceStep& f = z.faces[i];
-        const int n = f.n;
         // Outside boundary: ho (T_eq - T_0) = hoAir Tout + hoSky Tsky + hoFix - ho T_0.
-        f.hoFix = 0;
-        if (h.isWindow) {
-            f.ho = f.hoAir = h.windowConductance;
-            f.hoSky = 0;
-        } else if (h.boundary == Boundary::Adiabatic) {
-            f.ho = f.hoAir = f.hoSky = 0;
-        } else if (h.boundary == Boundary::Ground) {
-            f.ho = h.groundConductance;
-            f.hoAir = f.hoSky = 0;
+        // A face under a fixed film (window, ground, adiabatic) keeps the
+        // reduction of PackFaces; only a ground temperature moves.
+        const bool film = !h.isWindow && (h.boundary == Boundary::Outdoors ||
+                                          h.boundary == Boundary::OutdoorAirNoSun);
+        if (!h.isWindow && h.boundary == Boundary::Ground) {
             f.hoFix = f.ho * (std::isnan(h.groundTemperature) ? in.tGround : h.groundTemperature);
-        } else {
+        } else if (film) {
             const double ts = f.t0;
             const bool sunlit = h.boundary == Boundary::Outdoors;
             const double power = !sunlit ? 0.0
@@ -142,16 +156,8 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
             const double hGnd = es * (1 - h.skyShare) * (tsK * tsK + airK * airK) * (tsK + airK);
             f.hoAir = hc + hGnd;
             f.ho = f.hoAir + f.hoSky;
-            if (sunlit) f.hoFix = outsideSolar[i];
-        }
-        // The chain reduced to its inside face: diag T_s = rhs + room terms,
-        // with the outside face T_0 = P + q T_s.
-        if (n == 1) {
-            f.diag = f.cap0 + f.ho;
-        } else {
-            f.pInv = 1.0 / (f.cap0 + f.ho + f.k0 - f.k0 * f.G1);
-            f.q = f.k0 * f.B1 * f.pInv;
-            f.diag = f.capL + f.kl * (1 - f.BL - f.GL * f.q);
+            f.hoFix = sunlit ? outsideSolar[i] : 0.0;
+            ReduceChain(f);
         }
         // Inside face: diag T_s = rhs + hc (Ta - T_s) + hr (Tm - T_s) + source.
         f.hc = NaturalConvection(f.ts - z.tAir, h.insideNatural);
