@@ -386,8 +386,8 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                                                : GroundTemperatures(w, 0.5);
 
     // Hourly per-face scratch of the zone being stepped (absorbed outside
-    // solar W/m2, inside sources W, solar absorbed in the windows W).
-    std::vector<double> outsideSolar, src, windowAbsorbed;
+    // solar W/m2, inside sources W).
+    std::vector<double> outsideSolar, src;
     std::vector<WindowSolar> windowSolar;
     std::vector<std::array<int, 12>> monthHours(zs.size());
     std::vector<double> tempSum(zs.size(), 0.0);
@@ -451,18 +451,20 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 ZoneState& st = zs[z];
                 ZoneResults& zr = res.zones[z];
                 const std::size_t ns = st.surfaces.size();
-                outsideSolar.assign(ns, 0.0);
-                windowAbsorbed.assign(ns, 0.0);
-                src.assign(ns, 0.0);
+                // Outside solar of the sunlit faces; `src` starts as the solar
+                // absorbed in the windows.
+                outsideSolar.resize(ns);
+                src.resize(ns);
                 double beamIn = 0, diffuseIn = 0;
                 for (std::size_t i = 0; i < ns; ++i) {
                     const HeatSurface& h = st.surfaces[i];
+                    src[i] = 0.0;
                     if (h.orientation < 0) continue;
                     if (h.isWindow) {
                         const auto& ws = windowSolar[h.windowAspect];
                         beamIn += ws.beamIn * h.area;
                         diffuseIn += ws.diffuseIn * h.area;
-                        windowAbsorbed[i] = ws.absorbed * h.area;
+                        src[i] = ws.absorbed * h.area;
                         continue;
                     }
                     SurfaceIrradiance ir = irr[h.orientation];
@@ -480,19 +482,15 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 double solarTotal = 0;
                 for (std::size_t i = 0; i < ns; ++i) {
                     const HeatSurface& h = st.surfaces[i];
-                    const double solar =
-                        h.beamShare * beamIn + h.diffuseShare * diffuseIn + windowAbsorbed[i];
+                    const double solar = h.beamShare * beamIn + h.diffuseShare * diffuseIn + src[i];
                     solarTotal += solar;
                     src[i] = solar + h.radiantShare * radiant;
                 }
                 const bool hvac = zone.conditioned && !opt.hvacOff && !skipped;
                 StepInputs in;
                 in.tSky = tSky;
-                // Windward when the wind blows against the face (within 90
-                // degrees of its normal); roofs and floors count as windward.
-                for (HeatSurface& h : st.surfaces)
-                    h.windward = std::abs(h.cosTilt) > 0.99 ||
-                                 windCos * h.cosAzimuth + windSin * h.sinAzimuth >= -1e-12;
+                in.windCos = windCos;
+                in.windSin = windSin;
                 in.tGround = ground[month];
                 in.convective = people + lights + equip - radiant;
                 in.tHeat = (hvac && zone.heatingSetpointProfile >= 0)

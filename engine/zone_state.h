@@ -49,8 +49,7 @@ struct HeatSurface {
     NaturalFactors outsideNatural, insideNatural;  // the inside face looks the other way
     double windFactor = 1;  // wind at the surface over the wind of the weather
     double windFactorWindward = 1, windFactorLeeward = 1;  // its powers 0.89 and 0.617
-    double skyShare = 0;   // share of the outside long-wave exchange with the sky
-    bool windward = true;  // set each hour from the wind direction
+    double skyShare = 0;  // share of the outside long-wave exchange with the sky
     NodeChain chain;
     double mrtConductance = 0;                                 // W/m2K to the star node
     double beamShare = 0, diffuseShare = 0, radiantShare = 0;  // of zone totals absorbed here
@@ -100,6 +99,7 @@ struct ZoneState {
 struct StepInputs {
     double tOut = 0, tSky = 0, tGround = 10;
     double windPowerWindward = 0, windPowerLeeward = 0;  // weather wind ^0.89, ^0.617
+    double windCos = 1, windSin = 0;                     // of the direction the wind comes from
     double gInfiltration = 0, gOutdoorAir = 0;           // W/K
     double convective = 0;                               // internal gains to the air, W
     double tHeat = -1e30, tCool = 1e30;

@@ -146,10 +146,14 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
         } else if (film) {
             const double ts = f.t0;
             const bool sunlit = h.boundary == Boundary::Outdoors;
+            // Windward when the wind blows against the face (within 90
+            // degrees of its normal); roofs and floors count as windward.
+            const bool windward = std::abs(h.cosTilt) > 0.99 ||
+                                  in.windCos * h.cosAzimuth + in.windSin * h.sinAzimuth >= -1e-12;
             const double power = !sunlit ? 0.0
-                                         : (h.windward ? in.windPowerWindward * h.windFactorWindward
-                                                       : in.windPowerLeeward * h.windFactorLeeward);
-            const double hc = OutsideConvection(ts - in.tOut, h.outsideNatural, power, h.windward);
+                                         : (windward ? in.windPowerWindward * h.windFactorWindward
+                                                     : in.windPowerLeeward * h.windFactorLeeward);
+            const double hc = OutsideConvection(ts - in.tOut, h.outsideNatural, power, windward);
             const double tsK = ts + kKelvin;
             const double es = h.outsideEmissivity * kSigma;
             f.hoSky = es * h.skyShare * (tsK * tsK + skyK * skyK) * (tsK + skyK);
