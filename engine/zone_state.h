@@ -80,6 +80,9 @@ struct FaceStep {
     double hc = 2.0, ho = 0, hoAir = 0, hoSky = 0, hoFix = 0;
     double pInv = 0, q = 0, diag = 0, w = 0, starWeight = 0, airWeight = 0;
     double src = 0;  // inside source of the hour (solar and radiant gains), W
+    // Node 1 and node n-2 before the step, less their parts from the new
+    // faces: sum alpha_i z_i and sum beta_i z_i (see ChainModes).
+    double A1 = 0, AL = 0;
     // Of the current step.
     double E = 0, hoTe = 0, P = 0;
 };

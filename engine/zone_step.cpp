@@ -117,6 +117,8 @@ void PackFaces(ZoneState& z, double dt) {
             double amplitude = 0;  // every node at 20 C
             for (int c = 0; c < f.m; ++c) amplitude += cm.toModes[j * f.m + c] * 20.0;
             z.z[at] = amplitude;
+            f.A1 += cm.alpha[j] * amplitude;
+            f.AL += cm.beta[j] * amplitude;
         }
         // Fixed outside films.
         if (h.isWindow) {
@@ -179,27 +181,17 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
 
 StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
     double m0 = 0, a0 = 0;  // star: m1 Ta + m2 Tm = m0; air: a1 Ta + a2 Tm - a0 = Q
-    const double* Z = z.z.data();
-    const double* Alpha = z.alpha.data();
-    const double* Beta = z.beta.data();
     for (FaceStep& f : z.faces) {
         const double hoTe = f.hoAir * in.tOut + f.hoSky * in.tSky + f.hoFix;
         double rhs;
         if (f.n == 1) {
             rhs = f.cap0 * f.ts + hoTe;
         } else {
-            // Node 1 and node n-2 from the modes before the step; the outside
-            // face then comes out as T_0 = P + q T_s.
-            const double* zi = Z + f.begin;
-            const double* alpha = Alpha + f.begin;
-            const double* beta = Beta + f.begin;
-            double A1 = 0, AL = 0;
-            for (int i = 0; i < f.m; ++i) {
-                A1 += alpha[i] * zi[i];
-                AL += beta[i] * zi[i];
-            }
-            f.P = (f.cap0 * f.t0 + hoTe + f.k0 * A1) * f.pInv;
-            rhs = f.capL * f.ts + f.kl * (AL + f.GL * f.P);
+            // Node 1 and node n-2 from the modes before the step (summed at
+            // the end of the last step); the outside face then comes out as
+            // T_0 = P + q T_s.
+            f.P = (f.cap0 * f.t0 + hoTe + f.k0 * f.A1) * f.pInv;
+            rhs = f.capL * f.ts + f.kl * (f.AL + f.GL * f.P);
         }
         f.hoTe = hoTe;
         f.E = rhs + f.src * f.invArea;
@@ -238,6 +230,8 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
     const double* Lp = z.lp.data();
     const double* Ls = z.ls.data();
     const double* Gamma = z.gamma.data();
+    const double* Alpha = z.alpha.data();
+    const double* Beta = z.beta.data();
     for (FaceStep& f : z.faces) {
         const double tsNew = f.w * (f.E + f.hc * ta + f.hr * tm);
         double dStored = f.capL * (tsNew - f.ts);
@@ -250,11 +244,18 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
             const double* lp = Lp + f.begin;
             const double* ls = Ls + f.begin;
             const double* gamma = Gamma + f.begin;
+            const double* alpha = Alpha + f.begin;
+            const double* beta = Beta + f.begin;
+            double A1 = 0, AL = 0;
             for (int i = 0; i < f.m; ++i) {
                 const double next = lambda[i] * zi[i] + lp[i] * t0 + ls[i] * tsNew;
                 dStored += gamma[i] * (next - zi[i]);
+                A1 += alpha[i] * next;
+                AL += beta[i] * next;
                 zi[i] = next;
             }
+            f.A1 = A1;
+            f.AL = AL;
             dStored += f.cap0 * (t0 - f.t0);
             f.t0 = t0;
         }
