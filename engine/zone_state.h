@@ -80,6 +80,7 @@ struct FaceStep {
     double hc = 2.0, ho = 0, hoAir = 0, hoSky = 0, hoFix = 0;
     double pInv = 0, q = 0, diag = 0, w = 0, starWeight = 0, airWeight = 0;
     double src = 0;  // inside source of the hour (solar and radiant gains), W
+    double srcPerArea = 0;
     // Node 1 and node n-2 before the step, less their parts from the new
     // faces: sum alpha_i z_i and sum beta_i z_i (see ChainModes).
     double A1 = 0, AL = 0;
@@ -96,6 +97,7 @@ struct ZoneState {
     double airCapacity = 0;  // J/K
     double tAir = 20, tAirOld = 20, tStar = 20;
     double m1 = 0, m2 = 0, a1 = 0, a2 = 0;  // zone sums held through the hour
+    double srcIn = 0, srcOut = 0;           // the faces' inside sources of the hour, W in and out
 };
 
 // What one zone sees in one step.

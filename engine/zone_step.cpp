@@ -134,6 +134,7 @@ void PackFaces(ZoneState& z, double dt) {
 void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar,
                   const double* src) {
     z.m1 = z.m2 = z.a1 = z.a2 = 0;
+    z.srcIn = z.srcOut = 0;
     const double skyK = in.tSky + kKelvin, airK = in.tOut + kKelvin;
     for (std::size_t i = 0; i < z.faces.size(); ++i) {
         const HeatSurface& h = z.surfaces[i];
@@ -168,6 +169,9 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
         // Inside face: diag T_s = rhs + hc (Ta - T_s) + hr (Tm - T_s) + source.
         f.hc = NaturalConvection(f.ts - z.tAir, h.insideNatural);
         f.src = src[i];
+        f.srcPerArea = src[i] * f.invArea;
+        z.srcIn += std::max(src[i], 0.0);
+        z.srcOut += std::max(-src[i], 0.0);
         const double hc = f.hc, hr = f.hr, A = f.area;
         f.w = 1.0 / (f.diag + hc + hr);
         f.starWeight = A * hr * f.w;
@@ -194,7 +198,7 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
             rhs = f.capL * f.ts + f.kl * (f.AL + f.GL * f.P);
         }
         f.hoTe = hoTe;
-        f.E = rhs + f.src * f.invArea;
+        f.E = rhs + f.srcPerArea;
         m0 -= f.starWeight * f.E;
         a0 += f.airWeight * f.E;
     }
@@ -224,7 +228,7 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
     // Back substitution and the heat flows of the step; a flow counts in or
     // out by its sign.
     double stored = cAir * (ta - tAirOld);
-    double flowIn = 0, flowOut = 0;
+    double flowIn = z.srcIn, flowOut = z.srcOut;
     double* Zm = z.z.data();
     const double* Lambda = z.lambda.data();
     const double* Lp = z.lp.data();
@@ -264,8 +268,8 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
         const double body = f.area * (f.hc * (tsNew - ta) + f.hr * (tsNew - tm)) - f.src;
         r.gains[f.component] += body;
         const double outside = f.area * (f.hoTe - f.ho * f.t0);
-        flowIn += std::max(outside, 0.0) + std::max(f.src, 0.0);
-        flowOut += std::max(-outside, 0.0) + std::max(-f.src, 0.0);
+        flowIn += std::max(outside, 0.0);
+        flowOut += std::max(-outside, 0.0);
     }
     r.gains[kCompInfiltration] = in.gInfiltration * (in.tOut - ta);
     r.gains[kCompOutdoorAir] = in.gOutdoorAir * (in.tOut - ta);
