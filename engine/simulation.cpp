@@ -62,22 +62,22 @@ int FindOrientation(std::vector<Orientation>& list, double azimuth, double tilt)
 // What decides the solar gain per unit area of a window: its plane, its
 // glazing, its shading and the ground before it. Windows alike in these
 // share one evaluation per hour.
-struct WindowAspect {
+struct WindowKind {
     int orientation, windowType;
     WindowShading shading;
     double groundReflectance, cosTilt, cosAzimuth, sinAzimuth;
 };
 
-// Solar of one hour through a window aspect, W per m2 of glazing: beam and
+// Solar of one hour through a kind of window, W per m2 of glazing: beam and
 // diffuse transmitted, and absorbed in the glass flowing inwards.
 struct WindowSolar {
     double beamIn, diffuseIn, absorbed;
 };
 
-int FindWindowAspect(std::vector<WindowAspect>& list, const HeatSurface& h) {
+int FindWindowKind(std::vector<WindowKind>& list, const HeatSurface& h) {
     const WindowShading& c = h.window->shading;
     for (std::size_t i = 0; i < list.size(); ++i) {
-        const WindowAspect& x = list[i];
+        const WindowKind& x = list[i];
         const WindowShading& a = x.shading;
         if (x.orientation == h.orientation && x.windowType == h.windowType &&
             x.groundReflectance == h.groundReflectance && x.cosTilt == h.cosTilt &&
@@ -107,7 +107,7 @@ Component ComponentOf(SurfaceClass k) {
 }
 
 ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<WindowOptics>& optics,
-                    std::vector<Orientation>& orients, std::vector<WindowAspect>& aspects,
+                    std::vector<Orientation>& orients, std::vector<WindowKind>& windowKinds,
                     double dt, double airDensity) {
     ZoneState z;
     for (std::size_t si = 0; si < zone.surfaces.size(); ++si) {
@@ -168,7 +168,7 @@ ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<Windo
             wh.windowConductance = 1.0 / (1.0 / UFactor(g) - 1.0 / g.insideFilm);
             wh.chain.capacity = {0.0};
             wh.chain.conductance.clear();
-            if (wh.orientation >= 0) wh.windowAspect = FindWindowAspect(aspects, wh);
+            if (wh.orientation >= 0) wh.windowKind = FindWindowKind(windowKinds, wh);
             z.surfaces.push_back(wh);
         }
     }
@@ -357,10 +357,10 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
     std::vector<WindowOptics> optics;
     for (const WindowType& t : b.windowTypes) optics.push_back(MakeWindowOptics(t.glazing));
     std::vector<Orientation> orients;
-    std::vector<WindowAspect> aspects;
+    std::vector<WindowKind> windowKinds;
     std::vector<ZoneState> zs;
     for (const Zone& zone : b.zones)
-        zs.push_back(BuildZone(b, zone, optics, orients, aspects, dt, siteDensity));
+        zs.push_back(BuildZone(b, zone, optics, orients, windowKinds, dt, siteDensity));
 
     RunResults res;
     res.zones.resize(b.zones.size());
@@ -413,9 +413,9 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 irr[o] = IrradianceOn(sky, orients[o].normal, 0.0);
             const double groundDiffuseBase = sky.globalHorizontal;
             // Solar through each kind of window, per m2 of glazing.
-            windowSolar.resize(aspects.size());
-            for (std::size_t a = 0; a < aspects.size(); ++a) {
-                const WindowAspect& x = aspects[a];
+            windowSolar.resize(windowKinds.size());
+            for (std::size_t a = 0; a < windowKinds.size(); ++a) {
+                const WindowKind& x = windowKinds[a];
                 const SurfaceIrradiance& ir = irr[x.orientation];
                 const double groundDiffuse =
                     x.groundReflectance * groundDiffuseBase * 0.5 * (1.0 - x.cosTilt);
@@ -461,7 +461,7 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                     src[i] = 0.0;
                     if (h.orientation < 0) continue;
                     if (h.isWindow) {
-                        const auto& ws = windowSolar[h.windowAspect];
+                        const auto& ws = windowSolar[h.windowKind];
                         beamIn += ws.beamIn * h.area;
                         diffuseIn += ws.diffuseIn * h.area;
                         src[i] = ws.absorbed * h.area;

@@ -8,7 +8,8 @@
 // stable); windows are massless conductances with their solar heat gain
 // split into transmitted solar, which is absorbed on the room surfaces, and
 // the absorbed part that flows inwards. Each step the chains are reduced to
-// their inside face by a Thomas sweep, so that the zone leaves a 2x2 linear
+// their inside face (the interior of each chain stepped in its modal form,
+// chain_modes.h, which is the same implicit step), so that the zone leaves a 2x2 linear
 // system in air and star temperature; the ideal system then either floats
 // the zone or holds a set-point with the exact load of that linear system.
 // Outside faces see the sol-air balance: convection by the DOE-2 model

@@ -55,7 +55,7 @@ struct HeatSurface {
     double beamShare = 0, diffuseShare = 0, radiantShare = 0;  // of zone totals absorbed here
     // Window only.
     int windowType = -1;
-    int windowAspect = -1;  // index of its kind for the hourly window solar, -1 when sunless
+    int windowKind = -1;  // index of its kind for the hourly window solar, -1 when sunless
     const Window* window = nullptr;
 };
 
