@@ -5,7 +5,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -13,6 +12,7 @@
 #include "app/field_binding.h"
 #include "app/field_edits.h"
 #include "app/form_helpers.h"
+#include "app/help_viewer.h"
 #include "core/text_file.h"
 #include "propertydb/envelope_defaults.h"
 
@@ -51,13 +51,6 @@ QGridLayout* MakeTable(QWidget* owner, ScreenFields& fields, const Column* colum
     return grid;
 }
 
-void ShowHelp(QWidget* parent, const ProgramPaths& paths, const std::string& file,
-              const std::string& title) {
-    const auto text = ReadTextFile(paths.Resolve(file));
-    QMessageBox::information(parent, QString::fromStdString(title),
-                             text ? QString::fromStdString(*text) : "The help file was not found.");
-}
-
 QHBoxLayout* Headings(const char* const* names, int count) {
     auto* row = new QHBoxLayout;
     for (int i = 0; i < count; ++i) {
@@ -76,6 +69,7 @@ CatalogScreen::CatalogScreen(CatalogController& controller, const ProgramPaths& 
                              std::function<void(const Navigation&)> navigate, QWidget* parent)
     : QDialog(parent), controller_(controller), paths_(paths), navigate_(std::move(navigate)) {
     setObjectName("catalog");
+    help_ = new HelpViewer(paths_, this);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(Headings(kHeadings, 4));
     const Column columns[] = {{"id", "ID #", 40, nullptr},
@@ -104,10 +98,8 @@ CatalogScreen::CatalogScreen(CatalogController& controller, const ProgramPaths& 
         controller_.ReloadEnvelopeDefaults();
         ShowFields();
     });
-    connect(AddButton(buttons, "Help", "Help"), &QPushButton::clicked, this, [this] {
-        const auto [file, title] = controller_.Help();
-        ShowHelp(this, paths_, file, title);
-    });
+    connect(AddButton(buttons, "Help", "Help"), &QPushButton::clicked, this,
+            [this] { help_->ShowFile(controller_.Help().first); });
     connect(AddButton(buttons, "OK", "OK"), &QPushButton::clicked, this,
             [this] { Act(controller_.Ok()); });
     connect(AddButton(buttons, "Cancel", "Cancel"), &QPushButton::clicked, this,

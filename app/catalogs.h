@@ -10,6 +10,8 @@
 
 namespace solvane {
 
+class HelpViewer;
+
 class CatalogScreen : public QDialog {
     Q_OBJECT
   public:
@@ -23,6 +25,7 @@ class CatalogScreen : public QDialog {
     void Act(Navigation nav);
     CatalogController& controller_;
     const ProgramPaths& paths_;
+    HelpViewer* help_;
     std::function<void(const Navigation&)> navigate_;
 };
 

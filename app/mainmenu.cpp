@@ -1,7 +1,6 @@
 #include "app/mainmenu.h"
 
 #include <QCloseEvent>
-#include <functional>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -10,9 +9,12 @@
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <functional>
 
 #include "app/field_binding.h"
+#include "app/help_viewer.h"
 #include "app/task_icons.h"
+#include "code/code_selection.h"
 
 namespace solvane {
 
@@ -94,9 +96,17 @@ void MainMenuScreen::BuildMenus() {
         connect(AddAction(dtbase, QString("dbase_%1").arg(i + 1), dbNames[i]), &QAction::triggered,
                 this, [this, i] { Go(controller_.Database(i + 1)); });
 
+    help_ = new HelpViewer(session_.paths, this);
     QMenu* code = AddMenu(bar, "code", "&Energy Code Details");
-    AddAction(code, "codehelp", "Energy Code Details");
-    AddMenu(bar, "Helpmenu", "&Tutorial");
+    connect(AddAction(code, "codehelp", "Energy Code Details"), &QAction::triggered, this,
+            [this] { help_->ShowFile(kCodeHelpFile); });
+    QMenu* tutorial = AddMenu(bar, "Helpmenu", "&Tutorial");
+    int topic = 0;
+    for (const auto& [title, file] : HelpTopics(session_.paths)) {
+        connect(AddAction(tutorial, QString("helptopic_%1").arg(++topic),
+                          QString::fromStdString(title)),
+                &QAction::triggered, this, [this, file = file] { help_->ShowFile(file); });
+    }
 }
 
 void MainMenuScreen::BuildTasks() {

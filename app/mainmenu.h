@@ -12,6 +12,8 @@ class QTimer;
 
 namespace solvane {
 
+class HelpViewer;
+
 class MainMenuScreen : public QMainWindow {
     Q_OBJECT
   public:
@@ -33,6 +35,7 @@ class MainMenuScreen : public QMainWindow {
     MainMenuController& controller_;
     std::function<void(const Navigation&)> navigate_;
     QLabel* globe_ = nullptr;
+    HelpViewer* help_ = nullptr;
     QTimer* timer_ = nullptr;
 };
 

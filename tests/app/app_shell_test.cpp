@@ -189,12 +189,25 @@ TEST_F(AppShellTest, CodeWeatherTypeEconomicsAndCatalogsFromTheHub) {
     Find<QAbstractButton>(econ, "okey")->click();
     EXPECT_EQ(shell_->session().model.flags.TaskDone[3], 1);
 
+    // Every help topic of the tutorial menu opens its text.
+    const auto topics = Find<QMenu>(hub, "Helpmenu")->actions();
+    EXPECT_GE(topics.size(), 7);
+    Find<QAction>(hub, "codehelp")->trigger();
+    EXPECT_EQ(hub->findChild<QDialog*>("help")->windowTitle(), "ENERGY CODE SELECTION");
+    hub->findChild<QDialog*>("help")->hide();
+
     ASSERT_TRUE(Find<QMenu>(hub, "dtbase")->menuAction()->isEnabled());
     Find<QAction>(hub, "dbase_1")->trigger();
     QWidget* catalog = shell_->catalog();
     ASSERT_TRUE(catalog->isVisible());
     EXPECT_FALSE(Find<QLineEdit>(catalog, "UF_1")->text().isEmpty());
     Snapshot(catalog, "catalog");
+    Find<QAbstractButton>(catalog, "Help")->click();
+    auto* help = catalog->findChild<QDialog*>("help");
+    ASSERT_NE(help, nullptr);
+    EXPECT_TRUE(help->isVisible());
+    EXPECT_EQ(help->windowTitle(), "WALL AND ROOF PROPERTIES");
+    help->hide();
     Find<QAbstractButton>(catalog, "Cancel")->click();
     Find<QAction>(hub, "dbase_3")->trigger();
     QWidget* hvac = shell_->hvac();
