@@ -56,12 +56,6 @@ bool DirectoryHasProgramFolders(const fs::path& dir) {
     return false;
 }
 
-bool Writable(const fs::path& dir) {
-    const fs::path temp = dir / MatchEntry(dir, "temp");
-    return ::access(dir.c_str(), W_OK) == 0 &&
-           (!fs::exists(temp) || ::access(temp.c_str(), W_OK) == 0);
-}
-
 fs::path UserDataHome() {
     if (const char* xdg = std::getenv("XDG_DATA_HOME"); xdg && *xdg) return fs::path(xdg);
     if (const char* home = std::getenv("HOME"); home && *home)
@@ -71,6 +65,12 @@ fs::path UserDataHome() {
 
 }  // namespace
 
+bool ProgramDirWritable(const fs::path& dir) {
+    const fs::path temp = dir / MatchEntry(dir, "temp");
+    return ::access(dir.c_str(), W_OK) == 0 &&
+           (!fs::exists(temp) || ::access(temp.c_str(), W_OK) == 0);
+}
+
 fs::path ProgramPaths::Resolve(std::string_view relative) const {
     fs::path path = programDir_;
     for (const std::string& part : SplitPath(relative)) {
@@ -79,7 +79,8 @@ fs::path ProgramPaths::Resolve(std::string_view relative) const {
     return path;
 }
 
-ProgramPaths LocateProgramDir(std::string_view homeOption, const fs::path& executable) {
+ProgramPaths LocateProgramDir(std::string_view homeOption, const fs::path& executable,
+                              const std::function<bool(const fs::path&)>& writable) {
     fs::path dir;
     if (!homeOption.empty()) {
         dir = fs::path(homeOption);
@@ -98,7 +99,7 @@ ProgramPaths LocateProgramDir(std::string_view homeOption, const fs::path& execu
         throw std::runtime_error("The program folder was not found" +
                                  (dir.empty() ? std::string() : ": " + dir.string()));
     dir = fs::absolute(dir);
-    if (Writable(dir)) return ProgramPaths(dir);
+    if (writable(dir)) return ProgramPaths(dir);
 
     // An installed, read-only program folder: work in a per-user copy.
     const fs::path copy = UserDataHome() / "solvane";

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -27,12 +28,17 @@ class ProgramPaths {
 inline constexpr std::string_view kProgramFolders[] = {
     "temp", "sketch", "weather", "Codes", "profiles", "Bldg-Prop", "Helpinfo", "sample", "images"};
 
+// Whether the program can write in a program folder (itself and its temp).
+bool ProgramDirWritable(const std::filesystem::path& dir);
+
 // Finds the program folder: `homeOption` (--home) first, then SOLVANE_HOME,
 // then the folder beside the executable or its installed share folder. When
 // that folder cannot be written, a per-user copy under the XDG data home is
 // made on first start and used instead. Throws std::runtime_error when no
 // program folder is found.
-ProgramPaths LocateProgramDir(std::string_view homeOption, const std::filesystem::path& executable);
+ProgramPaths LocateProgramDir(
+    std::string_view homeOption, const std::filesystem::path& executable,
+    const std::function<bool(const std::filesystem::path&)>& writable = ProgramDirWritable);
 
 // A glob match on one path; wild cards "*" and "?" in the last part count.
 bool FileExists(const ProgramPaths& paths, std::string_view relative);

@@ -45,15 +45,21 @@ TEST_F(ProgramPathsTest, HomeOptionComesFirst) {
     EXPECT_THROW(LocateProgramDir((root_ / "nothing").string(), "/x"), std::runtime_error);
 }
 
-TEST_F(ProgramPathsTest, ReadOnlyFolderIsCopiedForTheUser) {
-    if (::geteuid() == 0) GTEST_SKIP() << "root can write anywhere";
-    fs::permissions(root_, fs::perms::owner_write, fs::perm_options::remove);
+TEST_F(ProgramPathsTest, ReadOnlyFolderIsCopiedForTheUserOnce) {
     const fs::path xdg = root_.string() + "_xdg";
     ::setenv("XDG_DATA_HOME", xdg.c_str(), 1);
-    const ProgramPaths p = LocateProgramDir(root_.string(), "/x");
+    const auto readOnly = [](const fs::path&) { return false; };
+    const ProgramPaths p = LocateProgramDir(root_.string(), "/x", readOnly);
     EXPECT_EQ(p.ProgramDir(), xdg / "solvane");
     EXPECT_TRUE(fs::exists(xdg / "solvane" / "Codes" / "HTfuel.txt"));
-    fs::permissions(root_, fs::perms::owner_write, fs::perm_options::add);
+    // The user's edits in the copy survive the next start.
+    std::ofstream(xdg / "solvane" / "Codes" / "HTfuel.txt") << "edited";
+    LocateProgramDir(root_.string(), "/x", readOnly);
+    std::ifstream in(xdg / "solvane" / "Codes" / "HTfuel.txt");
+    std::string text;
+    in >> text;
+    EXPECT_EQ(text, "edited");
+    ::unsetenv("XDG_DATA_HOME");
     fs::remove_all(xdg);
 }
 
