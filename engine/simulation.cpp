@@ -209,10 +209,12 @@ ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<Windo
             it->area += h.area;
     }
     z.surfaces = std::move(merged);
-    // Faces in order of their node count, so that the step's branches on
-    // the chain's length run in long alike stretches.
+    // Faces in order of component and, within one, of node count, so that
+    // the step's branches on the chain's length and its sums by component
+    // run in long alike stretches.
     std::stable_sort(z.surfaces.begin(), z.surfaces.end(),
                      [](const HeatSurface& x, const HeatSurface& y) {
+                         if (x.component != y.component) return x.component < y.component;
                          return x.chain.capacity.size() < y.chain.capacity.size();
                      });
     SetMrtConductances(z, b);

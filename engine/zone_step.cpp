@@ -264,6 +264,8 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
     const double* Gamma = z.gamma.data();
     const double* Alpha = z.alpha.data();
     const double* Beta = z.beta.data();
+    int component = z.faces.empty() ? 0 : z.faces.front().component;
+    double componentGain = 0;
     for (FaceStep& f : z.faces) {
         const double tsNew = f.w * (f.E + f.hc * ta + f.hr * tm);
         double dStored = f.capL * (tsNew - f.ts);
@@ -304,12 +306,19 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
         }
         f.ts = tsNew;
         stored += f.area * dStored;
-        const double body = f.area * (f.hc * (tsNew - ta) + f.hr * (tsNew - tm)) - f.src;
-        r.gains[f.component] += body;
+        // Faces come in runs of one component (BuildZone's order): the gain
+        // is summed in a register and stored when the run ends.
+        if (f.component != component) {
+            r.gains[component] += componentGain;
+            component = f.component;
+            componentGain = 0;
+        }
+        componentGain += f.area * (f.hc * (tsNew - ta) + f.hr * (tsNew - tm)) - f.src;
         const double outside = f.area * (f.hoTe - f.ho * f.t0);
         flowIn += std::max(outside, 0.0);
         flowOut += std::max(-outside, 0.0);
     }
+    r.gains[component] += componentGain;
     r.gains[kCompInfiltration] = in.gInfiltration * (in.tOut - ta);
     r.gains[kCompOutdoorAir] = in.gOutdoorAir * (in.tOut - ta);
     r.gains[kCompStorage] -= cAir * (ta - tAirOld);
