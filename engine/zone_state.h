@@ -77,6 +77,7 @@ struct FaceStep {
     // outside source (ground term or absorbed solar, W/m2), the chain's
     // reduction (outside face T_0 = P + q T_s), the inside face's factor w
     // and the face's weights in the zone's star and air equations.
+    NaturalFactors insideNatural;  // of the inside convection
     double hc = 2.0, ho = 0, hoAir = 0, hoSky = 0, hoFix = 0;
     double pInv = 0, q = 0, diag = 0, w = 0, starWeight = 0, airWeight = 0;
     double src = 0;  // inside source of the hour (solar and radiant gains), W
@@ -88,9 +89,30 @@ struct FaceStep {
     double E = 0, hoTe = 0, P = 0;
 };
 
+// What the hourly outside film of a face under the weather reads (faces
+// open to the outdoor air that are not windows), kept apart from the
+// described face so that the refresh streams through a short record.
+struct OutsideFilm {
+    int face = 0;           // index in `faces`
+    bool sunlit = false;    // else outdoor air without sun and wind
+    bool roofLike = false;  // roofs and floors count as windward
+    NaturalFactors natural;
+    double windwardFactor = 1, leewardFactor = 1;  // wind factor ^0.89 and ^0.617
+    double cosAzimuth = 1, sinAzimuth = 0;
+    double skyRadiation = 0, airRadiation = 0;  // emissivity sigma times sky share and rest
+};
+
+// A face on the ground: its fixed temperature, or NaN for the month's.
+struct GroundFace {
+    int face = 0;
+    double temperature = 0;
+};
+
 struct ZoneState {
     std::vector<HeatSurface> surfaces;  // as described, parallel to `faces`
     std::vector<FaceStep> faces;
+    std::vector<OutsideFilm> outsideFilms;
+    std::vector<GroundFace> groundFaces;
     // Mode arrays of all chains (see ChainModes): amplitude, decay, drive
     // by the two faces, weights of node 1 and node n-2, stored heat.
     std::vector<double> z, lambda, lp, ls, alpha, beta, gamma;

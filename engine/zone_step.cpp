@@ -112,6 +112,8 @@ void PackFaces(ZoneState& z, double dt) {
     for (std::vector<double>* v : {&z.z, &z.lambda, &z.lp, &z.ls, &z.alpha, &z.beta, &z.gamma})
         v->assign(modes, 0.0);
     z.faces.assign(z.surfaces.size(), FaceStep{});
+    z.outsideFilms.clear();
+    z.groundFaces.clear();
     int begin = 0;
     for (std::size_t i = 0; i < z.surfaces.size(); ++i) {
         const HeatSurface& h = z.surfaces[i];
@@ -148,67 +150,86 @@ void PackFaces(ZoneState& z, double dt) {
             f.A1 += cm.alpha[j] * amplitude;
             f.AL += cm.beta[j] * amplitude;
         }
-        // Fixed outside films.
+        f.insideNatural = h.insideNatural;
+        // Fixed outside films; the films under the weather are listed.
         if (h.isWindow) {
             f.ho = f.hoAir = h.windowConductance;
         } else if (h.boundary == Boundary::Ground) {
             f.ho = h.groundConductance;
+            z.groundFaces.push_back({static_cast<int>(i), h.groundTemperature});
+        } else if (h.boundary == Boundary::Outdoors || h.boundary == Boundary::OutdoorAirNoSun) {
+            OutsideFilm o;
+            o.face = static_cast<int>(i);
+            o.sunlit = h.boundary == Boundary::Outdoors;
+            o.roofLike = std::abs(h.cosTilt) > 0.99;
+            o.natural = h.outsideNatural;
+            o.windwardFactor = o.sunlit ? h.windFactorWindward : 0.0;
+            o.leewardFactor = o.sunlit ? h.windFactorLeeward : 0.0;
+            o.cosAzimuth = h.cosAzimuth;
+            o.sinAzimuth = h.sinAzimuth;
+            o.skyRadiation = h.outsideEmissivity * kSigma * h.skyShare;
+            o.airRadiation = h.outsideEmissivity * kSigma * (1 - h.skyShare);
+            z.outsideFilms.push_back(o);
         }
         ReduceChain(f);
         begin += f.m;
     }
 }
 
+// Outside films in one pass over the faces under the weather, ground
+// temperatures in one over the ground faces, then the inside films of all
+// faces and the zone's sums; none reads the described faces.
 void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar,
                   const double* src) {
-    z.m1 = z.m2 = z.a1 = z.a2 = 0;
-    z.srcIn = z.srcOut = 0;
     const double skyK = in.tSky + kKelvin, airK = in.tOut + kKelvin;
-    for (std::size_t i = 0; i < z.faces.size(); ++i) {
-        const HeatSurface& h = z.surfaces[i];
-        FaceStep& f = z.faces[i];
-        // Outside boundary: ho (T_eq - T_0) = hoAir Tout + hoSky Tsky + hoFix - ho T_0.
-        // A face under a fixed film (window, ground, adiabatic) keeps the
-        // reduction of PackFaces; only a ground temperature moves.
-        const bool film = !h.isWindow && (h.boundary == Boundary::Outdoors ||
-                                          h.boundary == Boundary::OutdoorAirNoSun);
-        if (!h.isWindow && h.boundary == Boundary::Ground) {
-            f.hoFix = f.ho * (std::isnan(h.groundTemperature) ? in.tGround : h.groundTemperature);
-        } else if (film) {
-            const double ts = f.t0;
-            const bool sunlit = h.boundary == Boundary::Outdoors;
-            // Windward when the wind blows against the face (within 90
-            // degrees of its normal); roofs and floors count as windward.
-            const bool windward = std::abs(h.cosTilt) > 0.99 ||
-                                  in.windCos * h.cosAzimuth + in.windSin * h.sinAzimuth >= -1e-12;
-            const double power = !sunlit ? 0.0
-                                         : (windward ? in.windPowerWindward * h.windFactorWindward
-                                                     : in.windPowerLeeward * h.windFactorLeeward);
-            const double hc = OutsideConvection(ts - in.tOut, h.outsideNatural, power, windward);
-            const double tsK = ts + kKelvin;
-            const double es = h.outsideEmissivity * kSigma;
-            f.hoSky = es * h.skyShare * (tsK * tsK + skyK * skyK) * (tsK + skyK);
-            const double hGnd = es * (1 - h.skyShare) * (tsK * tsK + airK * airK) * (tsK + airK);
-            f.hoAir = hc + hGnd;
-            f.ho = f.hoAir + f.hoSky;
-            f.hoFix = sunlit ? outsideSolar[i] : 0.0;
-            ReduceChain(f);
-        }
-        // Inside face: diag T_s = rhs + hc (Ta - T_s) + hr (Tm - T_s) + source.
-        f.hc = NaturalConvection(f.ts - z.tAir, h.insideNatural);
+    for (const GroundFace& g : z.groundFaces) {
+        FaceStep& f = z.faces[g.face];
+        f.hoFix = f.ho * (std::isnan(g.temperature) ? in.tGround : g.temperature);
+    }
+    // Outside boundary: ho (T_eq - T_0) = hoAir Tout + hoSky Tsky + hoFix - ho T_0.
+    for (const OutsideFilm& o : z.outsideFilms) {
+        FaceStep& f = z.faces[o.face];
+        const double ts = f.t0;
+        // Windward when the wind blows against the face (within 90 degrees
+        // of its normal). A face without sun has no wind factors.
+        const bool windward =
+            o.roofLike || in.windCos * o.cosAzimuth + in.windSin * o.sinAzimuth >= -1e-12;
+        const double power = windward ? in.windPowerWindward * o.windwardFactor
+                                      : in.windPowerLeeward * o.leewardFactor;
+        const double hc = OutsideConvection(ts - in.tOut, o.natural, power, windward);
+        const double tsK = ts + kKelvin;
+        f.hoSky = o.skyRadiation * (tsK * tsK + skyK * skyK) * (tsK + skyK);
+        const double hGnd = o.airRadiation * (tsK * tsK + airK * airK) * (tsK + airK);
+        f.hoAir = hc + hGnd;
+        f.ho = f.hoAir + f.hoSky;
+        f.hoFix = o.sunlit ? outsideSolar[o.face] : 0.0;
+        ReduceChain(f);
+    }
+    // Inside face: diag T_s = rhs + hc (Ta - T_s) + hr (Tm - T_s) + source.
+    double m1 = 0, m2 = 0, a1 = 0, a2 = 0, srcIn = 0, srcOut = 0;
+    const double tAir = z.tAir;
+    const std::size_t count = z.faces.size();
+    FaceStep* faces = z.faces.data();
+    for (std::size_t i = 0; i < count; ++i) {
+        FaceStep& f = faces[i];
+        const double hc = NaturalConvection(f.ts - tAir, f.insideNatural);
+        const double hr = f.hr, A = f.area;
+        f.hc = hc;
         f.src = src[i];
         f.srcPerArea = src[i] * f.invArea;
-        z.srcIn += std::max(src[i], 0.0);
-        z.srcOut += std::max(-src[i], 0.0);
-        const double hc = f.hc, hr = f.hr, A = f.area;
-        f.w = 1.0 / (f.diag + hc + hr);
-        f.starWeight = A * hr * f.w;
-        f.airWeight = A * hc * f.w;
-        z.m1 += f.starWeight * hc;
-        z.m2 += A * hr * (f.w * hr - 1.0);
-        z.a1 -= A * hc * (f.w * hc - 1.0);
-        z.a2 -= f.airWeight * hr;
+        srcIn += std::max(src[i], 0.0);
+        srcOut += std::max(-src[i], 0.0);
+        const double w = 1.0 / (f.diag + hc + hr);
+        f.w = w;
+        f.starWeight = A * hr * w;
+        f.airWeight = A * hc * w;
+        m1 += f.starWeight * hc;
+        m2 += A * hr * (w * hr - 1.0);
+        a1 -= A * hc * (w * hc - 1.0);
+        a2 -= f.airWeight * hr;
     }
+    z.m1 = m1, z.m2 = m2, z.a1 = a1, z.a2 = a2;
+    z.srcIn = srcIn, z.srcOut = srcOut;
 }
 
 StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
