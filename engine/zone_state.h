@@ -74,9 +74,10 @@ struct FaceStep {
     double hr = 0;                              // long-wave conductance to the star node, W/m2K
     // Held through the hour: inside convection, outside film and its parts
     // on the outdoor air and sky temperatures, the fixed part of the
-    // outside source (ground term or absorbed solar, W/m2), the chain's
-    // reduction (outside face T_0 = P + q T_s), the inside face's factor w
-    // and the face's weights in the zone's star and air equations.
+    // outside source (ground term, or absorbed solar and the sky's term,
+    // W/m2), the chain's reduction (outside face T_0 = P + q T_s), the
+    // inside face's factor w and the face's weights in the zone's star and
+    // air equations.
     NaturalFactors insideNatural;  // of the inside convection
     double hc = 2.0, ho = 0, hoAir = 0, hoSky = 0, hoFix = 0;
     double pInv = 0, q = 0, diag = 0, w = 0, starWeight = 0, airWeight = 0;

@@ -202,7 +202,9 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
         const double hGnd = o.airRadiation * (tsK * tsK + airK * airK) * (tsK + airK);
         f.hoAir = hc + hGnd;
         f.ho = f.hoAir + f.hoSky;
-        f.hoFix = o.sunlit ? outsideSolar[o.face] : 0.0;
+        // The sky temperature holds through the hour: its term joins the
+        // fixed part.
+        f.hoFix = (o.sunlit ? outsideSolar[o.face] : 0.0) + f.hoSky * in.tSky;
         ReduceChain(f);
     }
     // Inside face: diag T_s = rhs + hc (Ta - T_s) + hr (Tm - T_s) + source.
@@ -235,7 +237,7 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
 StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
     double m0 = 0, a0 = 0;  // star: m1 Ta + m2 Tm = m0; air: a1 Ta + a2 Tm - a0 = Q
     for (FaceStep& f : z.faces) {
-        const double hoTe = f.hoAir * in.tOut + f.hoSky * in.tSky + f.hoFix;
+        const double hoTe = f.hoAir * in.tOut + f.hoFix;
         double rhs;
         if (f.n == 1) {
             rhs = f.cap0 * f.ts + hoTe;
