@@ -50,34 +50,6 @@ double OutsideConvection(double dt, const NaturalFactors& f, double windPower, b
     return hn + kRoughness * (hGlass - hn);
 }
 
-// The interior modes of one chain at begin..begin+m-1 of the zone's arrays.
-struct ModeBlock {
-    double* z;
-    const double *lambda, *lp, *ls, *gamma, *alpha, *beta;
-};
-
-// One implicit step of the modes of a chain with the new face temperatures
-// (chain_modes.h): z'_i = lambda_i z_i + lp_i T0' + ls_i Ts'. Returns the
-// heat stored in them over the step and leaves the weights of node 1 and
-// node n-2 for the next step in A1 and AL. `M` is the mode count when it is
-// known at compile time (the common short chains, unrolled), else 0 and `m`
-// gives it.
-template <int M>
-double UpdateModes(const ModeBlock& b, int m, double t0, double ts, double& A1, double& AL) {
-    const int count = M > 0 ? M : m;
-    double stored = 0, a1 = 0, al = 0;
-    for (int i = 0; i < count; ++i) {
-        const double next = b.lambda[i] * b.z[i] + b.lp[i] * t0 + b.ls[i] * ts;
-        stored += b.gamma[i] * (next - b.z[i]);
-        a1 += b.alpha[i] * next;
-        al += b.beta[i] * next;
-        b.z[i] = next;
-    }
-    A1 = a1;
-    AL = al;
-    return stored;
-}
-
 }  // namespace
 
 // The factor of |dT|^(1/3) for a face warmer and for a face cooler than the
@@ -296,31 +268,20 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
             f.t0 = tsNew;
         } else {
             const double t0 = f.P + f.q * tsNew;
-            const ModeBlock mb{Zm + f.begin,    Lambda + f.begin, Lp + f.begin,  Ls + f.begin,
-                               Gamma + f.begin, Alpha + f.begin,  Beta + f.begin};
+            double* zi = Zm + f.begin;
+            const double* lambda = Lambda + f.begin;
+            const double* lp = Lp + f.begin;
+            const double* ls = Ls + f.begin;
+            const double* gamma = Gamma + f.begin;
+            const double* alpha = Alpha + f.begin;
+            const double* beta = Beta + f.begin;
             double A1 = 0, AL = 0;
-            switch (f.m) {
-                case 1:
-                    dStored += UpdateModes<1>(mb, 1, t0, tsNew, A1, AL);
-                    break;
-                case 2:
-                    dStored += UpdateModes<2>(mb, 2, t0, tsNew, A1, AL);
-                    break;
-                case 3:
-                    dStored += UpdateModes<3>(mb, 3, t0, tsNew, A1, AL);
-                    break;
-                case 4:
-                    dStored += UpdateModes<4>(mb, 4, t0, tsNew, A1, AL);
-                    break;
-                case 5:
-                    dStored += UpdateModes<5>(mb, 5, t0, tsNew, A1, AL);
-                    break;
-                case 6:
-                    dStored += UpdateModes<6>(mb, 6, t0, tsNew, A1, AL);
-                    break;
-                default:
-                    dStored += UpdateModes<0>(mb, f.m, t0, tsNew, A1, AL);
-                    break;
+            for (int i = 0; i < f.m; ++i) {
+                const double next = lambda[i] * zi[i] + lp[i] * t0 + ls[i] * tsNew;
+                dStored += gamma[i] * (next - zi[i]);
+                A1 += alpha[i] * next;
+                AL += beta[i] * next;
+                zi[i] = next;
             }
             f.A1 = A1;
             f.AL = AL;
