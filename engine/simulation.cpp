@@ -606,18 +606,27 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
 
     const int begin = std::clamp(opt.beginDay, 1, 365) - 1;
     const int end = std::clamp(opt.endDay, opt.beginDay, 365) - 1;
-    // Warm-up: the first days of the period, repeated until the air
-    // temperatures at the end of two passes agree within 0.01 K.
+    // Warm-up: the first days of the period, repeated until the state at the
+    // end of two passes agrees within 0.01 K: the air and both faces of every
+    // construction (an air temperature held at its set-point says nothing of
+    // whether the walls have settled).
     const int warmDays = std::min(opt.warmupDays, end - begin + 1);
     if (warmDays > 0) {
-        std::vector<double> last(zs.size(), 1e9);
+        std::vector<double> last;
         for (int pass = 0; pass < 8; ++pass) {
             for (int d = begin; d < begin + warmDays; ++d) runDay(d, false);
-            double change = 0;
-            for (std::size_t z = 0; z < zs.size(); ++z) {
-                change = std::max(change, std::abs(zs[z].tAir - last[z]));
-                last[z] = zs[z].tAir;
+            std::vector<double> state;
+            for (const auto& zone : zs) {
+                state.push_back(zone.tAir);
+                for (const auto& face : zone.faces) {
+                    state.push_back(face.t0);
+                    state.push_back(face.ts);
+                }
             }
+            double change = last.empty() ? 1e9 : 0.0;
+            for (std::size_t i = 0; i < last.size() && i < state.size(); ++i)
+                change = std::max(change, std::abs(state[i] - last[i]));
+            last = std::move(state);
             if (change < 0.01) break;
         }
     }
