@@ -9,6 +9,7 @@
 #include "propertydb/envelope_defaults.h"
 #include "propertydb/schedule_library.h"
 #include "run/engine_contract.h"
+#include "zones/zone_list.h"
 
 namespace solvane {
 
@@ -45,6 +46,7 @@ ProjectFileHooks MakeProjectFileHooks() {
 HubServices MakeHubServices() {
     HubServices services;
     services.loadEnvelopeDefaults = EnvelopeDefaults;
+    services.describeZones = ReDeriveZones;
     services.selectCode = [](Session& s, Prompt& p, int icon) { SelectCode(s, p, icon); };
     services.showCodeStatus = [](Prompt& p) { ShowCodeStatus(p); };
     services.readHeadLine = [](Session& s) { ReadHeadLine(s.model); };

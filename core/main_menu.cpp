@@ -112,6 +112,9 @@ void MainMenuController::Refresh() {
     }
     if (done[1] == 1 && done[2] == 1 && done[6] == 1)
         SetTask("buildingsketch", "Image4", Open(Screen::DrawForm));
+    // The zones can be described once a sketch has made them.
+    if ((done[4] == 1 || m.flags.ProjectFromFile == 1) && m.zones.NumZones > 0)
+        SetTask("zonedescription", "Image12", Open(Screen::ZoneForm));
 
     BuildCaption();
 
@@ -319,6 +322,7 @@ Navigation MainMenuController::ZoneDescription() {
     }
     if (m.flags.ZonesDescribed == 0 && services_.loadEnvelopeDefaults)
         services_.loadEnvelopeDefaults(session_, prompt_);
+    if (services_.describeZones && !services_.describeZones(session_, prompt_)) return {};
     return {Screen::ZoneForm, true, false};
 }
 

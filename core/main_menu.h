@@ -14,6 +14,8 @@ namespace solvane {
 struct HubServices {
     // Loads the envelope defaults before the zone screen opens.
     std::function<void(Session&, Prompt&)> loadEnvelopeDefaults;
+    // Takes the sketch's zones into the zone tables; false keeps the hub.
+    std::function<bool(Session&, Prompt&)> describeZones;
     // Writes \temp\ecalc$.inp for the engine; false when it could not be written.
     std::function<bool(Session&, Prompt&)> writeEngineInput;
     // Reads the head line of the project file before a run.
