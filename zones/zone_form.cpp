@@ -344,6 +344,8 @@ bool ZoneFormController::ElevationFraction(int direction, const std::string& tex
         b.At(kColWinArea, r) = StrForm(area);
         if (FieldState* box = surfaces.Box(kColWinArea, r)) box->text = b.At(kColWinArea, r);
     }
+    // The elevations have no field of their own: the record as a whole is marked.
+    model_.zoneEdit.ZoneFieldChanged[z][0] = 1;
     ++changeCount_;
     return true;
 }
