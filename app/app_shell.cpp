@@ -11,6 +11,7 @@
 #include "app/projectinfo.h"
 #include "app/warning.h"
 #include "app/weather.h"
+#include "app/zoneform.h"
 #include "cli/program_services.h"
 #include "propertydb/envelope_defaults.h"
 
@@ -74,9 +75,10 @@ void AppShell::MakeScreens() {
         std::make_unique<EconomicsScreen>(*economicsController_, *demandController_, navigate, hub);
     catalog_ = std::make_unique<CatalogScreen>(*catalogController_, session_.paths, navigate, hub);
     hvac_ = std::make_unique<HvacScreen>(*hvacController_, navigate, hub);
-    session_.availableScreens.insert({Screen::OldFileForm, Screen::SampleFileForm,
-                                      Screen::SaveInputForm, Screen::Weather, Screen::ProjectInfo,
-                                      Screen::Economics, Screen::Catalog, Screen::Hvac});
+    zones_ = std::make_unique<ZoneScreens>(session_, prompt_, navigate, hub);
+    session_.availableScreens.insert(
+        {Screen::OldFileForm, Screen::SampleFileForm, Screen::SaveInputForm, Screen::Weather,
+         Screen::ProjectInfo, Screen::Economics, Screen::Catalog, Screen::Hvac, Screen::ZoneForm});
 }
 
 void AppShell::Start(const StartupEnvironment& env) {
@@ -143,6 +145,9 @@ void AppShell::Navigate(const Navigation& nav) {
             break;
         case Screen::Hvac:
             hvac_->Open();
+            break;
+        case Screen::ZoneForm:
+            zones_->Open();
             break;
         case Screen::Warning:
             warning_->Refresh();

@@ -150,7 +150,8 @@ int ZoneFormController::EnterField(int field) {
     return ProfileTypeOfField(field);
 }
 
-bool ZoneFormController::FieldKey(int field, Prompt& prompt) {
+bool ZoneFormController::FieldKey(int field) {
+    Prompt& prompt = prompt_;
     const auto refuse = [&](const char* text, const char* title) {
         prompt.Beep();
         prompt.Ask(text, title, Buttons::Ok, Icon::Exclamation);

@@ -33,7 +33,7 @@ class ZoneFormController {
     // profile field, 0 otherwise.
     int EnterField(int field);
     // A key typed in box `field`; false when it is dropped (the menu-only fields).
-    bool FieldKey(int field, Prompt& prompt);
+    bool FieldKey(int field);
     // A box typed in (the text stands on the screen until the box is left).
     void EditField(int field, const std::string& text);
     // Focus leaves box `field`: the leave rules.

@@ -86,8 +86,8 @@ TEST_F(FormFixture, LeaveRulesOfTheFields) {
     EXPECT_TRUE(p.prompt.asked.empty());
 
     // The menu-only fields refuse typing and keep their text.
-    for (int f : {6, 11, 20, 21}) EXPECT_FALSE(form.FieldKey(f, p.prompt));
-    EXPECT_TRUE(form.FieldKey(12, p.prompt));
+    for (int f : {6, 11, 20, 21}) EXPECT_FALSE(form.FieldKey(f));
+    EXPECT_TRUE(form.FieldKey(12));
     EXPECT_EQ(p.prompt.asked[0].title, "Profiles");
     EXPECT_EQ(p.prompt.asked[1].title, "Lighting Type");
     EXPECT_EQ(p.prompt.asked[3].text, "Select HVAC system from Pull-down Menu");
