@@ -55,7 +55,9 @@ void UseBuildingTypeProfiles(ProjectModel& model) {
     if (g < 1 || g > kProfileGroups) return;
     ProfileState& p = model.profiles;
     for (int t = 1; t <= kProfileTypes; ++t) {
-        p.Types[t].GroupNum[g] = StrForm(g);
+        // Without a leading blank: the project file reader takes the group
+        // number from the line's first two characters.
+        p.Types[t].GroupNum[g] = NumText(g);
         if (p.ProfileTypeEdited[t] == 0 || model.flags.DefaultsApplied == 1)
             for (int d = 1; d <= kDayTypes; ++d)
                 p.Types[t].Profile[g][d] = model.library.LibraryProfile[t][g][d];

@@ -45,7 +45,7 @@ void CatalogPickerController::Load() {
             rows.id[k] = g.WindowId[k];
         }
         if (cuts::IsBlankText(rows.id[k]) && !cuts::IsBlankText(rows.Des[k]))
-            rows.id[k] = StrForm(k);
+            rows.id[k] = NumText(k);
     }
 }
 

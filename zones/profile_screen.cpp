@@ -118,7 +118,7 @@ void ProfileScreenController::ClickRow(int k) {
     SelectedGroup = k;
     GroupUntouched = false;
     marked_[k] = true;
-    Table().GroupNum[k] = StrForm(k);
+    Table().GroupNum[k] = NumText(k);
     ShowLook(before);
     ShowLook(k);
 }
@@ -222,7 +222,7 @@ bool ProfileScreenController::Ok() {
     for (int k = 1; k <= kProfileGroups; ++k) ProfileRowEdited[k] = 0;
     for (int k = 1; k <= kProfileGroups; ++k) {
         if (!marked_[k]) continue;
-        table.GroupNum[k] = StrForm(k);
+        table.GroupNum[k] = NumText(k);
         for (int d = 1; d <= kDayTypes; ++d)
             table.Profile[k][d] = fields.At("ProfVal", BoxOf(k, d)).text;
     }

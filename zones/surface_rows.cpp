@@ -183,18 +183,24 @@ bool SurfaceRows::Key(int column, char& key, Prompt& prompt) {
 
 // ---- row rules ----------------------------------------------------------------------
 
-// A catalog row whose ID was never set by the catalog screen or a project
-// file stands for its own row number, as the catalog screen would number it.
-static bool InCatalog(const TextTable<kMaxCatalog>& ids, const TextTable<kMaxCatalog>& names,
+// The catalog row of an ID, 0 when none: a row whose ID was never set by the
+// catalog screen or a project file stands for its own row number, as the
+// catalog screen would number it.
+static int CatalogRow(const TextTable<kMaxCatalog>& ids, const TextTable<kMaxCatalog>& names,
                       double id) {
     for (int i = 1; i <= kMaxCatalog; ++i) {
         if (!Blank(ids[i])) {
-            if (NumVal(ids[i]) == id) return true;
+            if (NumVal(ids[i]) == id) return i;
         } else if (!Blank(names[i]) && i == id) {
-            return true;
+            return i;
         }
     }
-    return false;
+    return 0;
+}
+
+static bool InCatalog(const TextTable<kMaxCatalog>& ids, const TextTable<kMaxCatalog>& names,
+                      double id) {
+    return CatalogRow(ids, names, id) > 0;
 }
 
 bool SurfaceRows::InWallCatalog(double id) const {
@@ -383,6 +389,13 @@ void SurfaceRows::Save(int zone) {
         sf.SurfSillHeight[zone][r] = static_cast<float>(num(kColSill));
         sf.SurfWindowHeight[zone][r] = static_cast<float>(num(kColTopWin));
         sf.SurfGroundRefl[zone][r] = static_cast<float>(num(kColReflect));
+        // The rows in use go into the project file with it.
+        if (int k = CatalogRow(model_.walls.WallId, model_.walls.WallDescription,
+                               sf.SurfWallId[zone][r]))
+            model_.walls.WallUsed[k] = 1;
+        if (int k = CatalogRow(model_.windows.WindowId, model_.windows.WindowDescription,
+                               sf.SurfWindowId[zone][r]))
+            model_.windows.WindowUsed[k] = 1;
         last = r;
         ShowRow(r);
     }

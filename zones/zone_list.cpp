@@ -19,6 +19,16 @@ void AccessError(Prompt& prompt) {
 
 }  // namespace
 
+void NumberCatalogRows(ProjectModel& model) {
+    for (int k = 1; k <= kMaxCatalog; ++k) {
+        if (model.walls.WallId[k].empty() && !cuts::IsBlankText(model.walls.WallDescription[k]))
+            model.walls.WallId[k] = NumText(k);
+        if (model.windows.WindowId[k].empty() &&
+            !cuts::IsBlankText(model.windows.WindowDescription[k]))
+            model.windows.WindowId[k] = NumText(k);
+    }
+}
+
 bool ReDeriveZones(Session& session, Prompt& prompt) {
     ProjectModel& m = session.model;
     ZoneState& zs = m.zones;
@@ -26,12 +36,13 @@ bool ReDeriveZones(Session& session, Prompt& prompt) {
         AccessError(prompt);
         return false;
     }
+    NumberCatalogRows(m);
     if (m.flags.ReSketched != 1) return true;
 
     m.flags.InputFileSaved = 0;
     m.BuildingFloorAreaEntered = m.BuildingFloorArea;
     m.ProjectData[kFloorArea] = NumText(m.BuildingFloorArea);
-    m.ProjectData[kOrientation] = m.BuildingOrientation;
+    m.ProjectData[kOrientation] = m.sketch.RotationText;
     m.flags.ProjectScreenFlags[1] = m.flags.ProjectScreenFlags[6] = 1;
     m.flags.ProjectScreenFlags[11] = m.flags.ProjectScreenFlags2[1] = 1;
 

@@ -16,6 +16,11 @@ namespace solvane {
 // are no zones or a zone file cannot be read; the hub then stays.
 bool ReDeriveZones(Session& session, Prompt& prompt);
 
+// The catalog rows that the catalog screens never numbered take their row
+// number as their ID, as those screens would, so that the surfaces can name
+// them and the project file holds them.
+void NumberCatalogRows(ProjectModel& model);
+
 // `zonename`: boxes `ZoneNumber_r`, `ZoneName_r`, `ZoneSeq_r` for the rows
 // r = 1 .. 100 (the grid's three columns), labels `builname`, `builloc`.
 class ZoneListController {

@@ -123,7 +123,7 @@ TEST(ScheduleLibrary, BuildingTypeGroupEntersTheProject) {
     m.profiles.Types[kLights].Profile[1][1] = "edited";
     m.profiles.ProfileTypeEdited[kLights] = 1;
     UseBuildingTypeProfiles(m);
-    EXPECT_EQ(m.profiles.Types[kOccupancy].GroupNum[1], " 1");
+    EXPECT_EQ(m.profiles.Types[kOccupancy].GroupNum[1], "1");
     EXPECT_EQ(m.profiles.Types[kLights].Profile[1][1], "edited");
     EXPECT_EQ(m.profiles.ProfileTypeUsed[kLights], 1);
     m.flags.DefaultsApplied = 1;

@@ -24,7 +24,7 @@ struct PickerFixture : ::testing::Test {
 TEST_F(PickerFixture, PickingADoorGivesTheRowTheDoorDefaults) {
     ASSERT_TRUE(picker.Open(1, 2));
     EXPECT_EQ(picker.fields.caption.rfind("WALL,ROOF,FLOOR,DOOR CATALOG - ", 0), 0u);
-    EXPECT_EQ(picker.fields.At("id", 11).text, " 11");
+    EXPECT_EQ(picker.fields.At("id", 11).text, "11");
     picker.Pick(11);
     EXPECT_EQ(Buf(kColWallId, 2), "Door  11");
     EXPECT_EQ(form.fields.At("wallid", 2).text, "Door  11");

@@ -103,7 +103,7 @@ TEST_F(CopyFixture, FieldModeCopiesTheChangedFieldsOnly) {
 struct ProfileFixture : CopyFixture {
     ProfileFixture() : screen(p.session, p.prompt, form) {
         group = p.session.model.btypes.BTypeProfileGroup[26];
-        p.session.model.profiles.Types[kOccupancy].GroupNum[group] = StrForm(group);
+        p.session.model.profiles.Types[kOccupancy].GroupNum[group] = NumText(group);
         p.session.model.profiles.ProfileTypeUsed[kOccupancy] = 1;
         for (int d = 1; d <= 3; ++d)
             p.session.model.profiles.Types[kOccupancy].Profile[group][d] =
@@ -170,7 +170,7 @@ TEST_F(ProfileFixture, APickedRowJoinsTheProjectAndMarksTheField) {
     const ProjectModel& m = p.session.model;
     EXPECT_EQ(form.fields.At("zone", 6).text, StrForm(Other()));
     EXPECT_EQ(m.zoneEdit.ZoneFieldChanged[1][6], 1);
-    EXPECT_EQ(m.profiles.Types[kOccupancy].GroupNum[Other()], StrForm(Other()));
+    EXPECT_EQ(m.profiles.Types[kOccupancy].GroupNum[Other()], NumText(Other()));
     EXPECT_EQ(m.profiles.Types[kOccupancy].Profile[Other()][2],
               screen.fields.At("ProfVal", 3 * Other() - 1).text);
 }
@@ -213,7 +213,7 @@ TEST_F(ProfileFixture, ClipboardWorksOnTheLastBox) {
 TEST_F(CopyFixture, ThermostatScreenWarnsOncePerRow) {
     ProjectModel& m = p.session.model;
     const int g = m.btypes.BTypeProfileGroup[26];
-    m.profiles.Types[kCoolStat].GroupNum[g] = StrForm(g);
+    m.profiles.Types[kCoolStat].GroupNum[g] = NumText(g);
     TemperatureController t(p.session, p.prompt, form);
     t.Open(g);
     EXPECT_EQ(t.fields.caption.substr(t.fields.caption.size() - 31),

@@ -89,7 +89,7 @@ TEST(ZoneFiles, ReDerivationReadsEveryZoneAndPeopleFromTheAreaPerPerson) {
     m.flags.ReSketched = 1;
     m.zones.ZoneAreaPerPerson[1] = m.zones.ZoneAreaPerPerson[2] = 200;
     m.BuildingFloorArea = 1600;
-    m.BuildingOrientation = "15";
+    m.sketch.RotationText = "15";
     ASSERT_TRUE(ReDeriveZones(p.session, p.prompt));
     EXPECT_EQ(m.zones.ZoneData[1][5], " 5");
     EXPECT_EQ(m.zones.ZoneData[2][5], " 3");
@@ -98,7 +98,7 @@ TEST(ZoneFiles, ReDerivationReadsEveryZoneAndPeopleFromTheAreaPerPerson) {
     EXPECT_EQ(m.ProjectData[kFloorArea], "1600");
     EXPECT_EQ(m.ProjectData[kOrientation], "15");
     const int group = m.btypes.BTypeProfileGroup[26];
-    EXPECT_EQ(m.profiles.Types[kLights].GroupNum[group], StrForm(group));
+    EXPECT_EQ(m.profiles.Types[kLights].GroupNum[group], NumText(group));
 
     // A zone whose file is gone stops the entry with the access prompt.
     std::filesystem::remove(p.session.paths.Resolve("\\temp\\temp2-1.zon"));
