@@ -1,5 +1,6 @@
 #include "app/zone_dialogs.h"
 
+#include <QFontMetrics>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -22,6 +23,14 @@ namespace {
 
 QString Css(Color c) {
     return QString::asprintf("#%06x", static_cast<unsigned>(c));
+}
+
+// A box as wide as a profile's 24 four-character values, in a fixed-pitch font.
+void FitProfileBox(QLineEdit* box) {
+    QFont font("Monospace");
+    font.setStyleHint(QFont::TypeWriter);
+    box->setFont(font);
+    box->setFixedWidth(QFontMetrics(font).horizontalAdvance(QString(97, '0')) + 12);
 }
 
 }  // namespace
@@ -93,7 +102,10 @@ ProfileDialog::ProfileDialog(ProfileScreenController& controller, std::function<
     grid->setSpacing(2);
     auto* ruler = new QLabel;
     ruler->setObjectName("TimeOfDay");
-    ruler->setFont(QFont("Monospace"));
+    QFont fixed("Monospace");
+    fixed.setStyleHint(QFont::TypeWriter);
+    ruler->setFont(fixed);
+    ruler->setContentsMargins(4, 0, 0, 0);
     grid->addWidget(ruler, 0, 3);
     auto* edits = new FieldEdits(
         c_.fields,
@@ -127,8 +139,8 @@ ProfileDialog::ProfileDialog(ProfileScreenController& controller, std::function<
             auto* day = new QLabel;
             day->setObjectName(QString("DayType_%1").arg(i));
             grid->addWidget(day, line, 2);
-            QLineEdit* box = AddEdit(grid, line, 3, QString("ProfVal_%1").arg(i), edits, 400);
-            box->setFont(QFont("Monospace"));
+            QLineEdit* box = AddEdit(grid, line, 3, QString("ProfVal_%1").arg(i), edits);
+            FitProfileBox(box);
             auto* bars = new ProfileBars;
             bars->setObjectName(QString("ProfBars_%1").arg(i));
             grid->addWidget(bars, line, 4);
@@ -151,6 +163,7 @@ ProfileDialog::ProfileDialog(ProfileScreenController& controller, std::function<
         ShowFields();
     });
     layout->addLayout(buttons);
+    NoDefaultButtons(this);
 }
 
 void ProfileDialog::Open() {
@@ -200,10 +213,9 @@ TemperatureDialog::TemperatureDialog(TemperatureController& controller, std::fun
     grid->addWidget(new QLabel("Winter (heating)"), 4, 1);
     for (int d = 1; d <= kDayTypes; ++d) {
         grid->addWidget(new QLabel(days[d]), d, 0);
-        AddEdit(grid, d, 1, QString("temp_%1").arg(d), edits, 400)->setFont(QFont("Monospace"));
+        FitProfileBox(AddEdit(grid, d, 1, QString("temp_%1").arg(d), edits));
         grid->addWidget(new QLabel(days[d]), 4 + d, 0);
-        AddEdit(grid, 4 + d, 1, QString("Text1_%1").arg(d), edits, 400)
-            ->setFont(QFont("Monospace"));
+        FitProfileBox(AddEdit(grid, 4 + d, 1, QString("Text1_%1").arg(d), edits));
     }
     layout->addLayout(grid);
     auto* buttons = new QHBoxLayout;
@@ -217,6 +229,7 @@ TemperatureDialog::TemperatureDialog(TemperatureController& controller, std::fun
         ShowScreenFields(this, c_.fields);
     });
     layout->addLayout(buttons);
+    NoDefaultButtons(this);
 }
 
 void TemperatureDialog::Open(int group) {
@@ -248,6 +261,7 @@ VentilationDialog::VentilationDialog(VentilationRateController& controller, QWid
     connect(AddButton(buttons, "Command2", "Cancel"), &QPushButton::clicked, this,
             [this] { reject(); });
     layout->addLayout(buttons);
+    NoDefaultButtons(this);
 }
 
 void VentilationDialog::Open() {
@@ -277,6 +291,7 @@ CopyToZoneDialog::CopyToZoneDialog(CopyToZonesController& controller, QWidget* p
     connect(AddButton(buttons, "Cancel", "Cancel"), &QPushButton::clicked, this,
             [this] { reject(); });
     layout->addLayout(buttons);
+    NoDefaultButtons(this);
     resize(320, 360);
 }
 
@@ -349,6 +364,7 @@ WallWinDialog::WallWinDialog(CatalogPickerController& controller, std::function<
         ShowScreenFields(this, c_.fields);
     });
     layout->addLayout(buttons);
+    NoDefaultButtons(this);
 }
 
 void WallWinDialog::Open() {

@@ -32,6 +32,7 @@ struct RecordField {
     int field;
     const char* caption;
     const char* unitCaption;  // the label that changes with the units, if any
+    bool whole = false;       // the unit label is the whole caption
 };
 constexpr RecordField kRecord[] = {
     {1, "Zone No.", nullptr},
@@ -44,7 +45,7 @@ constexpr RecordField kRecord[] = {
     {8, "Hot Water Profile", nullptr},
     {9, "Outdoor Air", nullptr},
     {11, "Lighting Type", nullptr},
-    {12, "Lighting", "lblLightCost"},
+    {12, "Lighting", "lblLightCost", true},
     {13, "Lighting Power", "lblLightPower"},
     {14, "Lighting Profile", nullptr},
     {15, "Receptacles (W/area)", nullptr},
@@ -54,12 +55,12 @@ constexpr RecordField kRecord[] = {
     {19, "Heating Thermostat", nullptr},
     {20, "HVAC System", nullptr},
     {21, "Heating Type", nullptr},
-    {22, "Natural Ventilation", "lblNatVent"},
+    {22, "Natural Ventilation", "lblNatVent", true},
     {23, "Infiltration (ACH)", nullptr},
-    {24, "Daylighting Depth", "lblDayDepth"},
-    {25, "Daylighting Target", "lblDayTarget"},
+    {24, "Daylighting Depth", "lblDayDepth", true},
+    {25, "Daylighting Target", "lblDayTarget", true},
     {26, "Fan Static Pressure", nullptr},
-    {27, "Cooling Efficiency", "lblCool"},
+    {27, "Cooling Efficiency", "lblCool", true},
     {28, "Heating Efficiency", nullptr},
     {29, "HVAC 1st Cost", nullptr},
     {30, "HVAC Maint. Cost", nullptr},
@@ -86,6 +87,13 @@ void ShowScreenFields(QWidget* screen, const ScreenFields& fields) {
         if (!edit) continue;
         const QString style = state.color == kRed ? QStringLiteral("color: #ff0000;") : QString();
         if (edit->styleSheet() != style) edit->setStyleSheet(style);
+    }
+}
+
+void NoDefaultButtons(QWidget* screen) {
+    for (auto* button : screen->findChildren<QPushButton*>()) {
+        button->setAutoDefault(false);
+        button->setDefault(false);
     }
 }
 
@@ -261,6 +269,7 @@ ZoneFormScreen::ZoneFormScreen(Session& session, ZoneFormController& form,
     copyDialog_ = new CopyToZoneDialog(copy_, this);
     pickerDialog_ = new WallWinDialog(
         picker_, [this] { ShowFields(); }, this);
+    NoDefaultButtons(this);
 }
 
 void ZoneFormScreen::BuildMenus(QMenuBar* bar) {
@@ -341,7 +350,10 @@ QWidget* ZoneFormScreen::BuildRecord() {
     for (const RecordField& r : kRecord) {
         const int row = (i % 8) * 1, column = (i / 8) * 2;
         auto* label = new QLabel(r.caption);
-        if (r.unitCaption) {
+        if (r.unitCaption && r.whole) {
+            label->setObjectName(r.unitCaption);
+            grid->addWidget(label, row, column);
+        } else if (r.unitCaption) {
             label->setObjectName(QString(r.unitCaption) + "_caption");
             auto* unit = new QLabel;
             unit->setObjectName(r.unitCaption);

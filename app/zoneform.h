@@ -29,6 +29,8 @@ class WallWinDialog;
 
 // Paints and colours the named fields of a screen, edit boxes included.
 void ShowScreenFields(QWidget* screen, const ScreenFields& fields);
+// Return in a box ends the box's edit; it presses no button of the screen.
+void NoDefaultButtons(QWidget* screen);
 
 class ZoneNameScreen : public QDialog {
     Q_OBJECT

@@ -249,7 +249,8 @@ bool ProfileScreenController::Ok() {
         form_.fields.At("zone", field).color = kRed;
         ShowLook(SelectedGroup);
     }
-    form_.ShowSwitches();
+    // A switch clicked on the zone screen and not yet stored stays as clicked.
+    form_.EnableSwitchFields();
     m.flags.ProjectTouched = 1;
     return true;
 }
@@ -320,7 +321,8 @@ void TemperatureController::Ok() {
                 !m.zoneEdit.PrevFieldText[f].empty())
                 m.zoneEdit.ZoneFieldChanged[zone][f] = 1;
     }
-    form_.ShowSwitches();
+    // A switch clicked on the zone screen and not yet stored stays as clicked.
+    form_.EnableSwitchFields();
 }
 
 // ---- VentilationRate ----------------------------------------------------------------------

@@ -198,9 +198,10 @@ static int CatalogRow(const TextTable<kMaxCatalog>& ids, const TextTable<kMaxCat
     return 0;
 }
 
+// ID 0 is the catalog's empty entry 0: a surface without a window.
 static bool InCatalog(const TextTable<kMaxCatalog>& ids, const TextTable<kMaxCatalog>& names,
                       double id) {
-    return CatalogRow(ids, names, id) > 0;
+    return id == 0 || CatalogRow(ids, names, id) > 0;
 }
 
 bool SurfaceRows::InWallCatalog(double id) const {

@@ -135,6 +135,10 @@ void ZoneFormController::ShowSwitches() {
     fields["natvent"].text = zs.ZoneNatVent[currentZone_];
     fields["dayt"].text = zs.ZoneDaylight[currentZone_];
     fields["Econcycle"].text = zs.ZoneEconCycle[currentZone_];
+    EnableSwitchFields();
+}
+
+void ZoneFormController::EnableSwitchFields() {
     fields.At("zone", 22).visible = NormaliseYesNo(fields["natvent"].text) == "Yes";
     const bool day = NormaliseYesNo(fields["dayt"].text) == "Yes";
     fields.At("zone", 24).visible = fields.At("zone", 25).visible = day;

@@ -73,6 +73,8 @@ class ZoneFormController {
     // columns (after the schedule and thermostat screens).
     void ShowRecord();
     void ShowSwitches();
+    // The boxes that hang on the switches, shown as the switches now read.
+    void EnableSwitchFields();
 
     ScreenFields fields;
     SurfaceRows surfaces;
