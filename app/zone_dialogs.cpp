@@ -10,6 +10,7 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -30,7 +31,7 @@ void FitProfileBox(QLineEdit* box) {
     QFont font("Monospace");
     font.setStyleHint(QFont::TypeWriter);
     box->setFont(font);
-    box->setFixedWidth(QFontMetrics(font).horizontalAdvance(QString(97, '0')) + 12);
+    box->setMinimumWidth(QFontMetrics(font).horizontalAdvance(QLatin1Char('0')) * 97 + 12);
 }
 
 }  // namespace
@@ -146,9 +147,15 @@ ProfileDialog::ProfileDialog(ProfileScreenController& controller, std::function<
             grid->addWidget(bars, line, 4);
         }
     }
-    auto* scrollArea = new QWidget;
-    scrollArea->setLayout(grid);
-    layout->addWidget(scrollArea);
+    // Twelve groups of three days are taller than most screens: the rows scroll.
+    auto* rows = new QWidget;
+    rows->setLayout(grid);
+    auto* scroll = new QScrollArea;
+    scroll->setWidget(rows);
+    scroll->setWidgetResizable(true);
+    scroll->setMinimumWidth(rows->sizeHint().width() + 24);
+    scroll->setMinimumHeight(420);
+    layout->addWidget(scroll);
     auto* buttons = new QHBoxLayout;
     connect(AddButton(buttons, "okey", "OK"), &QPushButton::clicked, this, [this] {
         if (!c_.Ok()) {

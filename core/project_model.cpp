@@ -13,12 +13,12 @@ FixedLabels MakeFixedLabels() {
     const char* weather[] = {"DB Ave:   ", "Ave Std:  ", "DB Max:   ", "Max Std:  ",
                              "DP Ave:   ", "DP Std:   ", "Solar:    ", "Wind:     "};
     for (int i = 0; i < 8; ++i) f.WeatherLabel[i + 4] = weather[i];
-    for (int i = 1; i <= 4; ++i) f.SurfaceClassLabel[i] = "Roof";
-    for (int i = 5; i <= 8; ++i) f.SurfaceClassLabel[i] = "Wall";
+    for (int i = 1; i <= 3; ++i) f.SurfaceClassLabel[i] = "Roof";
+    for (int i = 4; i <= 8; ++i) f.SurfaceClassLabel[i] = "Wall";
     f.SurfaceClassLabel[9] = "Floor";
     f.SurfaceClassLabel[10] = "Slab";
     f.SurfaceClassLabel[11] = "Door";
-    for (int i = 12; i <= 30; ++i) f.SurfaceClassLabel[i] = "Other";
+    for (int i = 12; i <= 76; ++i) f.SurfaceClassLabel[i] = "Other";
     const char* ground[] = {"Aspht", "Conc.", "Grass", "Trees", "Water", "Sky *", "Edge"};
     for (int i = 0; i < 7; ++i) f.GroundCoverLabel[i + 1] = ground[i];
     const char* belowGrade[] = {"BG1", "BG2", "BG3", "BG4", "BG5", "BG6+"};

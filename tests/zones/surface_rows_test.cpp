@@ -51,6 +51,16 @@ TEST(SurfaceDirections, TheTwoRulesDifferAtExactly315Degrees) {
     EXPECT_EQ(ShadeDirection(6, 90), 4);
 }
 
+TEST(SurfaceLabels, ClassesOfTheCatalogRows) {
+    const FixedLabels labels = MakeFixedLabels();
+    EXPECT_EQ(WallIdText(labels, 3), "Roof  3");
+    EXPECT_EQ(WallIdText(labels, 4), "Wall  4");  // the mass wall, first of the walls
+    EXPECT_EQ(WallIdText(labels, 11), "Door  11");
+    EXPECT_EQ(WallIdText(labels, 40), "Other  40");
+    EXPECT_EQ(WallIdNumber("Door  11"), 11);
+    EXPECT_EQ(WallIdNumber("6"), 6);
+}
+
 TEST_F(SurfaceFixture, RowsShowTheirTextForms) {
     Open({Wall("0"), Roof()});
     EXPECT_EQ(Buf(kColWallId, 1), "Wall  6");
