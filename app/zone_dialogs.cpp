@@ -26,6 +26,18 @@ QString Css(Color c) {
     return QString::asprintf("#%06x", static_cast<unsigned>(c));
 }
 
+// The OK and Undo row at the foot of a dialog; Return presses neither.
+void AddOkUndo(QDialog* dialog, QVBoxLayout* layout, std::function<void()> ok,
+               std::function<void()> undo) {
+    auto* buttons = new QHBoxLayout;
+    QObject::connect(AddButton(buttons, "okey", "OK"), &QPushButton::clicked, dialog,
+                     std::move(ok));
+    QObject::connect(AddButton(buttons, "Undo", "Undo"), &QPushButton::clicked, dialog,
+                     std::move(undo));
+    layout->addLayout(buttons);
+    NoDefaultButtons(dialog);
+}
+
 // A box as wide as a profile's 24 four-character values, in a fixed-pitch font.
 void FitProfileBox(QLineEdit* box) {
     QFont font("Monospace");
@@ -156,21 +168,20 @@ ProfileDialog::ProfileDialog(ProfileScreenController& controller, std::function<
     scroll->setMinimumWidth(rows->sizeHint().width() + 24);
     scroll->setMinimumHeight(420);
     layout->addWidget(scroll);
-    auto* buttons = new QHBoxLayout;
-    connect(AddButton(buttons, "okey", "OK"), &QPushButton::clicked, this, [this] {
-        if (!c_.Ok()) {
+    AddOkUndo(
+        this, layout,
+        [this] {
+            if (!c_.Ok()) {
+                ShowFields();
+                return;
+            }
+            hide();
+            done_();
+        },
+        [this] {
+            c_.Undo();
             ShowFields();
-            return;
-        }
-        hide();
-        done_();
-    });
-    connect(AddButton(buttons, "Undo", "Undo"), &QPushButton::clicked, this, [this] {
-        c_.Undo();
-        ShowFields();
-    });
-    layout->addLayout(buttons);
-    NoDefaultButtons(this);
+        });
 }
 
 void ProfileDialog::Open() {
@@ -225,18 +236,17 @@ TemperatureDialog::TemperatureDialog(TemperatureController& controller, std::fun
         FitProfileBox(AddEdit(grid, 4 + d, 1, QString("Text1_%1").arg(d), edits));
     }
     layout->addLayout(grid);
-    auto* buttons = new QHBoxLayout;
-    connect(AddButton(buttons, "okey", "OK"), &QPushButton::clicked, this, [this] {
-        c_.Ok();
-        hide();
-        done_();
-    });
-    connect(AddButton(buttons, "Undo", "Undo"), &QPushButton::clicked, this, [this] {
-        c_.Undo();
-        ShowScreenFields(this, c_.fields);
-    });
-    layout->addLayout(buttons);
-    NoDefaultButtons(this);
+    AddOkUndo(
+        this, layout,
+        [this] {
+            c_.Ok();
+            hide();
+            done_();
+        },
+        [this] {
+            c_.Undo();
+            ShowScreenFields(this, c_.fields);
+        });
 }
 
 void TemperatureDialog::Open(int group) {
@@ -360,18 +370,17 @@ WallWinDialog::WallWinDialog(CatalogPickerController& controller, std::function<
     auto* status = new QLabel;
     status->setObjectName("status");
     layout->addWidget(status);
-    auto* buttons = new QHBoxLayout;
-    connect(AddButton(buttons, "okey", "OK"), &QPushButton::clicked, this, [this] {
-        c_.Ok();
-        accept();
-        done_();
-    });
-    connect(AddButton(buttons, "Undo", "Undo"), &QPushButton::clicked, this, [this] {
-        c_.Undo();
-        ShowScreenFields(this, c_.fields);
-    });
-    layout->addLayout(buttons);
-    NoDefaultButtons(this);
+    AddOkUndo(
+        this, layout,
+        [this] {
+            c_.Ok();
+            accept();
+            done_();
+        },
+        [this] {
+            c_.Undo();
+            ShowScreenFields(this, c_.fields);
+        });
 }
 
 void WallWinDialog::Open() {
