@@ -382,6 +382,7 @@ TEST_F(DeriveZonesTest, SampleProjectMatrixDerivesItsZones) {
     EXPECT_EQ(zs.ZoneName[3], "Upper Office");
     EXPECT_EQ(zs.ZoneFloorArea[3], 2400.0f);
     EXPECT_EQ(session.model.sketch.RotationText, "15");
+    EXPECT_EQ(session.model.BuildingOrientation, "15");
     // Level 1 lies wholly under level 2: no roof below, floors on the ground.
     for (const auto& s : Surfaces("1-2")) EXPECT_NE(s[3], "6   ");
     // The north wall of the upper level turns to 15 degrees: 30 cells x 2 x 10.

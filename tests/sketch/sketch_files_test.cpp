@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "core/main_menu.h"
 #include "sketch/matrix_file.h"
-#include "sketch/zone_names.h"
 #include "tests/sketch/sketch_test_support.h"
 
 namespace solvane {
@@ -65,15 +65,13 @@ TEST(MatrixLines, FixedColumns) {
 }
 
 TEST_F(SketchFiles, TemplateOfANewProjectInFeet) {
-    ScreenFields zonename;
-    ZoneListCell(zonename, 4, 1).text = "old";
+    // The hub's sketch command copies the empty drawing for a new project.
+    session.availableScreens.insert(Screen::DrawForm);
     session.model.zones.ZoneDescribed[3] = 1;
-    EnterSketch(session, zonename);
+    folder.Write("\\sketch\\bld_mtx.all", "an older drawing\r\n");
+    EXPECT_EQ(MainMenuController(session, prompt).Sketch().show, Screen::DrawForm);
     EXPECT_EQ(session.model.sketch.FreshMatrix, 1);
-    EXPECT_EQ(session.model.flags.SketchVisits, 1);
-    EXPECT_EQ(session.model.flags.TaskDone[4], 1);
     EXPECT_EQ(session.model.zones.ZoneDescribed[3], 0);
-    EXPECT_EQ(ZoneListCell(zonename, 4, 1).text, "");
 
     auto ctx = Context();
     ASSERT_TRUE(LoadSketchFiles(ctx));
