@@ -367,6 +367,7 @@ QWidget* ZoneFormScreen::BuildRecord() {
         QLineEdit* edit =
             AddEdit(grid, row, column + 1, QString("zone_%1").arg(r.field), edits, 90);
         edit->installEventFilter(this);
+        captions_[edit] = label;
         ++i;
     }
     // The switches: a click flips Yes and No.
@@ -488,6 +489,8 @@ bool ZoneFormScreen::ShowZone(int zone) {
 
 void ZoneFormScreen::ShowFields() {
     ShowScreenFields(this, form_.fields);
+    // A box hidden with its switch takes its caption with it.
+    for (const auto& [edit, label] : captions_) label->setVisible(!edit->isHidden());
 }
 
 void ZoneFormScreen::OpenProfile(int type) {

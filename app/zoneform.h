@@ -5,6 +5,7 @@
 
 #include <QDialog>
 #include <functional>
+#include <map>
 #include <memory>
 
 #include "core/session.h"
@@ -110,6 +111,7 @@ class ZoneFormScreen : public QDialog {
     VentilationDialog* ventilationDialog_;
     CopyToZoneDialog* copyDialog_;
     WallWinDialog* pickerDialog_;
+    std::map<QWidget*, QWidget*> captions_;  // a record box and its caption
     int exposureBox_ = 1;
     bool busy_ = false;
 };
