@@ -254,7 +254,12 @@ ZoneFormScreen::ZoneFormScreen(Session& session, ZoneFormController& form,
                 if (copy_.Open(kCopyFields)) copyDialog_->Open();
                 ShowFields();
             });
-    connect(AddButton(buttons, "copyall", "Copy new data to all zones"), &QPushButton::clicked,
+    connect(AddButton(buttons, "copyall_1", "Copy windows to all zones"), &QPushButton::clicked,
+            this, [this] {
+                copy_.CopyAll(kCopyWindows);
+                ShowFields();
+            });
+    connect(AddButton(buttons, "copyall_2", "Copy new data to all zones"), &QPushButton::clicked,
             this, [this] {
                 copy_.CopyAll(kCopyFields);
                 ShowFields();
