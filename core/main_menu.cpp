@@ -286,6 +286,7 @@ Navigation MainMenuController::Sketch() {
         std::filesystem::copy_file(session_.paths.Resolve("sketch\\bld_mtx9.000"),
                                    session_.paths.Resolve("sketch\\bld_mtx.all"),
                                    std::filesystem::copy_options::overwrite_existing, ec);
+        m.sketch.FreshMatrix = 1;
     }
     m.WindowScale = 1;
     session_.mainmenu["projectinformation"].enabled = false;

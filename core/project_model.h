@@ -163,9 +163,25 @@ struct WindowSizerState {
     Flag WindowSizerApplied = 0;
 };
 
-// The sketch's building-wide figures.
+// The building sketch: the cell matrix of the level on screen and the
+// figures of every level. Levels count from 1; the level tables stop at 98.
+inline constexpr int kSketchRows = 60;
+inline constexpr int kSketchCols = 90;
+inline constexpr int kLevelTable = 98;
+
 struct SketchState {
-    std::int16_t TopFloor = 0;  // number of levels in the drawing
+    std::int16_t TopFloor = 0;      // number of levels in the drawing
+    std::int16_t CurrentLevel = 0;  // level on the screen, 0 during entry
+    float GridSize = 2.0f;          // length of one cell side, feet or metres
+    float DrawingScale = 0.2f;      // GridSize per canvas unit
+    float Rotation = 0;             // degrees, one value for the whole building
+    std::string RotationText;       // the Rotation box when zones were derived
+    float Stories = 0;              // sum of the floors of all levels
+    std::array<float, kLevelTable + 1> LevelFloors{}, LevelCeilingHt{};
+    std::array<double, kLevelTable + 1> LevelHeight{};  // floors x room height
+    // Zone number of each cell, [row 1..60][column 1..90]; row 60 is the top.
+    std::array<std::array<std::int16_t, kSketchCols + 1>, kSketchRows + 1> SketchGrid{};
+    Flag FreshMatrix = 0;  // bld_mtx.all was just copied from the template
 };
 
 // The building type table, read once at start-up from \Codes\BType2020-Defaults.txt.
