@@ -4,7 +4,10 @@
 #include <cmath>
 #include <filesystem>
 
+#include "core/line_writer.h"
 #include "core/numeric_helpers.h"
+#include "core/text_file.h"
+#include "sketch/matrix_file.h"
 #include "sketch/sheet_drawing.h"
 
 namespace solvane {
@@ -39,36 +42,42 @@ DrawFormController::DrawFormController(Session& session, Canvas& canvas, Prompt&
 
 // ---- entry ------------------------------------------------------------------
 
-void DrawFormController::Load() {
+bool DrawFormController::Load() {
     tool_ = Tool::Box;
     eraseMode_ = false;
     band_ = {};
-    clickedSheet_ = false;
-    LoadFiles();
+    screen.SheetClicked = false;
+    if (!LoadFiles()) return false;
     fields["draw_unit"].text = session_.model.session.Units == 2 ? "(Metres)" : "(Feet)";
-    sheetWidth_ = Sk().GridSize * 90;
+    sheetWidth_ = session_.model.sketch.GridSize * 90;
     ShowSelected();
+    return true;
 }
 
 // ---- the pointer ---------------------------------------------------------------
 
 void DrawFormController::MouseDown(double x, double y, MouseButton button) {
-    SketchModel& sk = Sk();
+    SketchScreen& sc = screen;
     ClickX = static_cast<int>(std::floor(x));
     fields["Coordinates_1"].text = "Dim: 0., 0.";
     const bool left = button == MouseButton::Left;
-    if (InsideSheet(x, y)) clickedSheet_ = true;
+    if (InsideSheet(x, y)) screen.SheetClicked = true;
     if (InsideSheet(x, y) && left) {
         StrokeStartX = Node(x);
         StrokeStartY = Node(y);
-        band_ = {tool_, true, eraseMode_, double(StrokeStartX), double(StrokeStartY),
-                 double(StrokeStartX), double(StrokeStartY)};
+        band_ = {tool_,
+                 true,
+                 eraseMode_,
+                 double(StrokeStartX),
+                 double(StrokeStartY),
+                 double(StrokeStartX),
+                 double(StrokeStartY)};
         freeX_ = StrokeStartX;
         freeY_ = StrokeStartY;
         if (tool_ == Tool::Matrix) {
             lastPaintRow_ = lastPaintCol_ = -1;
-            const Color under = ColorAtSheet(x, y);
-            paintAdds_ = ZoneOfColor(under) == 0;
+            const Color under = ColorAtSheet(CellCorner(x) + 5, CellCorner(y) + 2.5);
+            paintAdds_ = ZoneOfColor(under) <= 0;
             PaintCell(x, y);
         }
     }
@@ -76,15 +85,15 @@ void DrawFormController::MouseDown(double x, double y, MouseButton button) {
         eraseMode_ = false;
         const int zone = ZoneOfColor(ColorAtSheet(x, y));
         if (zone > 0) {
-            PaintColor = sk.ZoneColor(zone);
-            sk.SelectedZone = zone;
+            PaintColor = ZoneColor(zone);
+            sc.SelectedZone = zone;
             ShowSelected();
         }
     }
 }
 
 void DrawFormController::MouseMove(double x, double y, bool leftDown) {
-    SketchModel& sk = Sk();
+    SketchState& sk = session_.model.sketch;
     if (!InsideSheet(x, y)) {
         PointerLeft();
         return;
@@ -101,7 +110,7 @@ void DrawFormController::MouseMove(double x, double y, bool leftDown) {
     band_.x2 = tool_ == Tool::Box ? nx : x;
     band_.y2 = tool_ == Tool::Box ? ny : y;
     if (tool_ == Tool::Free) {
-        canvas_.Line(CanvasX(freeX_), CanvasY(freeY_), CanvasX(x), CanvasY(y), kDotColor);
+        SheetLine(canvas_, freeX_, freeY_, x, y, kDotColor);
         freeX_ = x;
         freeY_ = y;
     }
@@ -114,7 +123,6 @@ void DrawFormController::MouseUp(double x, double y, MouseButton button) {
         return;
     }
     band_.active = false;
-    SketchModel& sk = Sk();
     const int ex = std::clamp(Node(x), 0, kSheetWidth), ey = std::clamp(Node(y), 0, kSheetHeight);
     switch (tool_) {
         case Tool::Box:
@@ -124,27 +132,26 @@ void DrawFormController::MouseUp(double x, double y, MouseButton button) {
                 DrawBox(StrokeStartX, StrokeStartY, ex, ey);
             break;
         case Tool::Line:
-            canvas_.Line(CanvasX(StrokeStartX), CanvasY(StrokeStartY), CanvasX(ex), CanvasY(ey),
-                         kDotColor);
+            SheetLine(canvas_, StrokeStartX, StrokeStartY, ex, ey, kDotColor);
             break;
         case Tool::Circle: {
             const double r = std::hypot(x - StrokeStartX, y - StrokeStartY);
-            canvas_.Circle(CanvasX(StrokeStartX), CanvasY(StrokeStartY),
-                           static_cast<int>(std::lround(r)), kDotColor);
+            SheetCircle(canvas_, StrokeStartX, StrokeStartY, r, kDotColor);
             break;
         }
         case Tool::Free:
-            canvas_.Line(CanvasX(freeX_), CanvasY(freeY_), CanvasX(x), CanvasY(y), kDotColor);
+            SheetLine(canvas_, freeX_, freeY_, x, y, kDotColor);
             break;
         case Tool::Matrix:
             break;
     }
     Scan();
+    // What an erase uncovers shows the level below again.
+    if (eraseMode_ && tool_ == Tool::Box && session_.model.sketch.CurrentLevel > 1) Redraw();
     eraseMode_ = false;
     session_.model.flags.InputFileSaved = 0;
     DrawGridDots(canvas_);
     ShowSelected();
-    (void)sk;
 }
 
 void DrawFormController::PointerLeft() {
@@ -153,11 +160,11 @@ void DrawFormController::PointerLeft() {
 }
 
 void DrawFormController::TellCell(double x, double y) {
-    SketchModel& sk = Sk();
+    SketchState& sk = session_.model.sketch;
     const int row = static_cast<int>(y / kGridStep) + 1, col = static_cast<int>(x / kGridStep) + 1;
     const int zone = sk.SketchGrid[row][col];
-    std::string text = "Level " + std::to_string(sk.CurrentLevel) + ", row " +
-                       std::to_string(row) + ", column " + std::to_string(col) + ": ";
+    std::string text = "Level " + std::to_string(sk.CurrentLevel) + ", row " + std::to_string(row) +
+                       ", column " + std::to_string(col) + ": ";
     text += zone == 0 ? std::string("empty")
                       : "zone " + std::to_string(zone) + " (" + TrimName(ZoneName(zone)) + ")";
     if (eraseMode_) text += "   Erase box: drag over the area to delete";
@@ -167,44 +174,46 @@ void DrawFormController::TellCell(double x, double y) {
 // ---- strokes --------------------------------------------------------------------
 
 void DrawFormController::DrawBox(int sx, int sy, int ex, int ey) {
-    SketchModel& sk = Sk();
+    SketchState& sk = session_.model.sketch;
+    SketchScreen& sc = screen;
     const int x1 = std::min(sx, ex), x2 = std::max(sx, ex);
     const int y1 = std::max(sy, ey), y2 = std::min(sy, ey);
     // A click, not a box; a box of no width holds no cell.
     if ((x2 - x1 < 5 && y1 - y2 < 5) || x1 == x2 || y1 == y2) return;
-    const int z = sk.SelectedZone, L = sk.CurrentLevel;
-    const Color color = sk.ZoneColor(z);
-    FillSheetBox(canvas_, x1, y1, x2, y2, color);
+    const int z = sc.SelectedZone, L = sk.CurrentLevel;
+    const Color color = ZoneColor(z);
+    SheetFillBox(canvas_, x1, y1, x2, y2, color);
     const std::string name = ZoneName(z);
-    sk.ZoneLabelX[L][z] = static_cast<std::int16_t>(x1 + ((x2 - x1) - NameWidth(name)) / 2);
-    sk.ZoneLabelY[L][z] =
+    sc.ZoneLabelX[L][z] = static_cast<std::int16_t>(x1 + ((x2 - x1) - NameWidth(name)) / 2);
+    sc.ZoneLabelY[L][z] =
         static_cast<std::int16_t>(y1 - 10 * static_cast<int>(((y1 - y2) * 0.5) / 10 + 0.5));
-    PrintZoneName(canvas_, sk.ZoneLabelX[L][z], sk.ZoneLabelY[L][z], name, color);
-    sk.ZoneSketchArea[z] = RoundOff(
-        sk.ZoneSketchArea[z] + double(sk.DrawingScale) * sk.DrawingScale * (y1 - y2) * (x2 - x1),
+    PrintZoneName(canvas_, sc.ZoneLabelX[L][z], sc.ZoneLabelY[L][z], name, color);
+    sc.ZoneSketchArea[z] = RoundOff(
+        sc.ZoneSketchArea[z] + double(sk.DrawingScale) * sk.DrawingScale * (y1 - y2) * (x2 - x1),
         0);
-    sk.ZoneRectLeft[L][z] = static_cast<float>(x1);
-    sk.ZoneRectTop[L][z] = static_cast<float>(y1);
-    sk.ZoneRectRight[L][z] = static_cast<float>(x2);
-    sk.ZoneRectBottom[L][z] = static_cast<float>(y2);
+    sc.ZoneRectLeft[L][z] = static_cast<float>(x1);
+    sc.ZoneRectTop[L][z] = static_cast<float>(y1);
+    sc.ZoneRectRight[L][z] = static_cast<float>(x2);
+    sc.ZoneRectBottom[L][z] = static_cast<float>(y2);
 }
 
 void DrawFormController::EraseBox(int sx, int sy, int ex, int ey) {
-    SketchModel& sk = Sk();
+    SketchState& sk = session_.model.sketch;
+    SketchScreen& sc = screen;
     const int x1 = std::min(sx, ex), x2 = std::max(sx, ex);
     const int y1 = std::max(sy, ey), y2 = std::min(sy, ey);
-    FillSheetBox(canvas_, x1, y1, x2, y2, kWhite);
+    SheetFillBox(canvas_, x1, y1, x2, y2, kWhite);
     for (int i = y2 / kGridStep + 1; i <= y1 / kGridStep; ++i)
         for (int j = x1 / kGridStep + 1; j <= x2 / kGridStep; ++j) sk.SketchGrid[i][j] = 0;
     const int L = sk.CurrentLevel;
     for (int z = 1; z <= 25; ++z) {
-        if (sk.ZoneLabelX[L][z] == 0) continue;  // not in use on this level
-        if (sk.ZoneRectLeft[L][z] >= x1 && sk.ZoneRectRight[L][z] <= x2 &&
-            sk.ZoneRectTop[L][z] <= y1 && sk.ZoneRectBottom[L][z] >= y2) {
-            sk.ZoneSketchArea[z] = 0;
-            sk.ZoneLabelX[L][z] = sk.ZoneLabelY[L][z] = 0;
-            sk.ZoneRectLeft[L][z] = sk.ZoneRectTop[L][z] = 0;
-            sk.ZoneRectRight[L][z] = sk.ZoneRectBottom[L][z] = 0;
+        if (sc.ZoneLabelX[L][z] == 0) continue;  // not in use on this level
+        if (sc.ZoneRectLeft[L][z] >= x1 && sc.ZoneRectRight[L][z] <= x2 &&
+            sc.ZoneRectTop[L][z] <= y1 && sc.ZoneRectBottom[L][z] >= y2) {
+            sc.ZoneSketchArea[z] = 0;
+            sc.ZoneLabelX[L][z] = sc.ZoneLabelY[L][z] = 0;
+            sc.ZoneRectLeft[L][z] = sc.ZoneRectTop[L][z] = 0;
+            sc.ZoneRectRight[L][z] = sc.ZoneRectBottom[L][z] = 0;
             fields["zone_area"].text = "Zn area= 0";
             return;
         }
@@ -218,7 +227,8 @@ void DrawFormController::EraseBox(int sx, int sy, int ex, int ey) {
 }
 
 void DrawFormController::PaintCell(double x, double y) {
-    SketchModel& sk = Sk();
+    SketchState& sk = session_.model.sketch;
+    SketchScreen& sc = screen;
     const int cx = CellCorner(x), cy = CellCorner(y);
     const int row = cy / kGridStep + 1, col = cx / kGridStep + 1;
     if (row == lastPaintRow_ && col == lastPaintCol_) return;
@@ -228,14 +238,14 @@ void DrawFormController::PaintCell(double x, double y) {
     if (!paintAdds_ && zone > 0) {
         FillCell(canvas_, row, col, kWhite);
         sk.SketchGrid[row][col] = 0;
-        sk.ZoneSketchArea[zone] = RoundOff(sk.ZoneSketchArea[zone] - cell, 0);
-        fields["zone_area"].text = "Zn area=" + StrForm(sk.ZoneSketchArea[zone]);
+        sc.ZoneSketchArea[zone] = RoundOff(sc.ZoneSketchArea[zone] - cell, 0);
+        fields["zone_area"].text = "Zn area=" + StrForm(sc.ZoneSketchArea[zone]);
     } else if (paintAdds_ && zone == 0) {
-        const int z = sk.SelectedZone;
-        FillCell(canvas_, row, col, sk.ZoneColor(z));
+        const int z = sc.SelectedZone;
+        FillCell(canvas_, row, col, ZoneColor(z));
         sk.SketchGrid[row][col] = static_cast<std::int16_t>(z);
-        sk.ZoneSketchArea[z] = RoundOff(sk.ZoneSketchArea[z] + cell, 0);
-        fields["zone_area"].text = "Zn area=" + StrForm(sk.ZoneSketchArea[z]);
+        sc.ZoneSketchArea[z] = RoundOff(sc.ZoneSketchArea[z] + cell, 0);
+        fields["zone_area"].text = "Zn area=" + StrForm(sc.ZoneSketchArea[z]);
     }
     lastPaintRow_ = row;
     lastPaintCol_ = col;
@@ -276,7 +286,8 @@ void DrawFormController::EraseArea() {
 }
 
 void DrawFormController::EraseDrawing() {
-    SketchModel& sk = Sk();
+    SketchState& sk = session_.model.sketch;
+    SketchScreen& sc = screen;
     if (NumVal(fields.Text("num_floors")) >= 2) {
         prompt_.Ask(
             "Since there is more than one floor at this level, you can simple revise the "
@@ -285,8 +296,10 @@ void DrawFormController::EraseDrawing() {
             "Simply revise number of floors at this level.", Buttons::Ok, Icon::Information);
         return;
     }
-    if (prompt_.Ask("Are you sure?", "Warning - Drawing at this floor level will be permanently "
-                    "removed.", Buttons::YesNo, Icon::Exclamation) != Answer::Yes)
+    if (prompt_.Ask("Are you sure?",
+                    "Warning - Drawing at this floor level will be permanently "
+                    "removed.",
+                    Buttons::YesNo, Icon::Exclamation) != Answer::Yes)
         return;
     const Answer a = prompt_.Ask(
         "Click YES to remove entire floor; Click NO to erase and revise this floor; Click CANCEL "
@@ -302,10 +315,10 @@ void DrawFormController::EraseDrawing() {
     // Erase this level's drawing and keep the level for a new one.
     const int L = sk.CurrentLevel;
     for (int z = 1; z <= 25; ++z) {
-        sk.ZoneSketchArea[z] = 0;
-        sk.ZoneLabelX[L][z] = sk.ZoneLabelY[L][z] = 0;
-        sk.ZoneRectLeft[L][z] = sk.ZoneRectTop[L][z] = 0;
-        sk.ZoneRectRight[L][z] = sk.ZoneRectBottom[L][z] = 0;
+        sc.ZoneSketchArea[z] = 0;
+        sc.ZoneLabelX[L][z] = sc.ZoneLabelY[L][z] = 0;
+        sc.ZoneRectLeft[L][z] = sc.ZoneRectTop[L][z] = 0;
+        sc.ZoneRectRight[L][z] = sc.ZoneRectBottom[L][z] = 0;
     }
     for (auto& row : sk.SketchGrid) row.fill(0);
     Redraw();
@@ -317,7 +330,7 @@ void DrawFormController::EraseDrawing() {
 // ---- levels -------------------------------------------------------------------------
 
 void DrawFormController::LevelUp() {
-    SketchModel& sk = Sk();
+    SketchState& sk = session_.model.sketch;
     WriteLevel();
     int next = sk.CurrentLevel + 1;
     if (next > sk.TopFloor) {
@@ -335,7 +348,7 @@ void DrawFormController::LevelUp() {
 }
 
 void DrawFormController::LevelDown() {
-    SketchModel& sk = Sk();
+    SketchState& sk = session_.model.sketch;
     WriteLevel();
     Show(std::max(sk.CurrentLevel - 1, 1));
     ShowSelected();
@@ -353,7 +366,8 @@ bool DrawFormController::KeyAllowed(const std::string& field, int key) const {
 }
 
 void DrawFormController::FloorsEdited(const std::string& text) {
-    SketchModel& sk = Sk();
+    SketchState& sk = session_.model.sketch;
+    SketchScreen& sc = screen;
     fields["num_floors"].text = text;
     const std::string digits = Keep(text, false);
     if (digits.empty()) return;  // nothing to take until a number is typed
@@ -374,15 +388,15 @@ void DrawFormController::FloorsEdited(const std::string& text) {
     sk.LevelHeight[L] = value * sk.LevelCeilingHt[L];
     sk.Stories += value - old;
     auto& built = session_.model.BuildingFloorAreaEntered;
-    built = built - sk.MatrixHeader[6] + sk.MatrixHeader[5] * value;
-    sk.MatrixHeader[6] = sk.MatrixHeader[5] * value;
+    built = built - sc.MatrixHeader[6] + sc.MatrixHeader[5] * value;
+    sc.MatrixHeader[6] = sc.MatrixHeader[5] * value;
     if (old != 0)
-        for (int z = 1; z <= 25; ++z) sk.ZoneSketchArea[z] *= value / old;
+        for (int z = 1; z <= 25; ++z) sc.ZoneSketchArea[z] *= value / old;
     ShowSelected();
 }
 
 void DrawFormController::CeilingEdited(const std::string& text) {
-    SketchModel& sk = Sk();
+    SketchState& sk = session_.model.sketch;
     const std::string kept = Keep(text, true);
     fields["ceiling_ht"].text = kept;
     const int L = sk.CurrentLevel;
@@ -391,20 +405,21 @@ void DrawFormController::CeilingEdited(const std::string& text) {
 }
 
 bool DrawFormController::GridSizeFocus() {
-    if (Sk().CurrentLevel == 1) return true;
+    if (session_.model.sketch.CurrentLevel == 1) return true;
     prompt_.Ask("Grid size change can only be made from first level", "Grid Size Change",
                 Buttons::Ok, Icon::Information);
     return false;
 }
 
 void DrawFormController::GridSizeEdited(const std::string& text) {
-    if (Sk().CurrentLevel != 1) return;
+    if (session_.model.sketch.CurrentLevel != 1) return;
     fields["gridsize"].text = text;
     gridChanged_ = true;
 }
 
 void DrawFormController::GridSizeLeave() {
-    SketchModel& sk = Sk();
+    SketchState& sk = session_.model.sketch;
+    SketchScreen& sc = screen;
     const std::string text = fields.Text("gridsize");
     if (!gridChanged_ || text.empty() || text.back() == '.') return;
     gridChanged_ = false;
@@ -419,9 +434,9 @@ void DrawFormController::GridSizeLeave() {
     const float f = (now / old) * (now / old);
     sk.GridSize = now;
     sk.DrawingScale = now / kGridStep;
-    for (int z = 1; z <= 25; ++z) sk.ZoneSketchArea[z] *= f;
-    sk.MatrixHeader[5] *= f;
-    sk.MatrixHeader[6] *= f;
+    for (int z = 1; z <= 25; ++z) sc.ZoneSketchArea[z] *= f;
+    sc.MatrixHeader[5] *= f;
+    sc.MatrixHeader[6] *= f;
     session_.model.BuildingFloorAreaEntered *= f;
     fields["gridsize"].text = kept;
     sheetWidth_ = now * 90;
@@ -429,7 +444,7 @@ void DrawFormController::GridSizeLeave() {
 }
 
 void DrawFormController::RotationFocus() {
-    if (Sk().CurrentLevel > 1)
+    if (session_.model.sketch.CurrentLevel > 1)
         prompt_.Ask("This will rotate the entire building and zones equally on all floor levels.",
                     "Rotation Change", Buttons::Ok, Icon::Information);
 }
@@ -442,18 +457,18 @@ void DrawFormController::RotationEdited(const std::string& text) {
 void DrawFormController::RotationLeave() {
     if (!rotationChanged_) return;
     rotationChanged_ = false;
-    SketchModel& sk = Sk();
+    SketchState& sk = session_.model.sketch;
     const std::string kept = Keep(fields.Text("Rotation"), true);
     fields["Rotation"].text = kept;
     sk.Rotation = static_cast<float>(NumVal(kept));
     FacingIndex = static_cast<int>((sk.Rotation + 45) / 90) % 4;
     // The arrow's corner of the sheet is cleared and drawn again.
-    canvas_.FillBox(CanvasX(-84), CanvasY(100), CanvasX(-1), CanvasY(20), kWhite);
+    SheetFillBox(canvas_, -84, 100, -1, 20, kWhite);
     DrawNorthArrow(canvas_, sk.Rotation);
 }
 
 void DrawFormController::DrawingScale() {
-    SketchModel& sk = Sk();
+    SketchState& sk = session_.model.sketch;
     if (sk.CurrentLevel != 1) {
         prompt_.Ask("Grid size change can only be made from first level", "Grid Size Change",
                     Buttons::Ok, Icon::Information);
@@ -566,42 +581,41 @@ bool DrawFormController::SaveDrawing(const std::string& file) {
 // ---- the sheet ------------------------------------------------------------------------
 
 void DrawFormController::Redraw() {
-    SketchModel& sk = Sk();
+    SketchState& sk = session_.model.sketch;
+    SketchScreen& sc = screen;
     const int L = sk.CurrentLevel;
     canvas_.Clear(kWhite);
-    DrawLegend(canvas_, [&](int z) { return sk.ZoneColor(z); });
+    DrawLegend(canvas_, [&](int z) { return ZoneColor(z); });
     DrawNorthArrow(canvas_, sk.Rotation);
     // Where the level below stands: grey, read as empty.
     if (L > 1)
         for (int z = 1; z <= 25; ++z) {
-            if (sk.ZoneLabelX[L - 1][z] == 0) continue;
-            const int x1 = int(sk.ZoneRectLeft[L - 1][z]), y1 = int(sk.ZoneRectTop[L - 1][z]);
-            const int x2 = int(sk.ZoneRectRight[L - 1][z]), y2 = int(sk.ZoneRectBottom[L - 1][z]);
-            FillSheetBox(canvas_, x1, y1, x2, y2, kBelowGrey);
+            if (sc.ZoneLabelX[L - 1][z] == 0) continue;
+            const int x1 = int(sc.ZoneRectLeft[L - 1][z]), y1 = int(sc.ZoneRectTop[L - 1][z]);
+            const int x2 = int(sc.ZoneRectRight[L - 1][z]), y2 = int(sc.ZoneRectBottom[L - 1][z]);
+            SheetFillBox(canvas_, x1, y1, x2, y2, kLowerLevelGrey);
             DottedOutline(canvas_, x1, y1, x2, y2, kDotColor);
         }
     for (int i = 1; i <= 60; ++i)
         for (int j = 1; j <= 90; ++j) {
             const int cell = sk.SketchGrid[i][j];
-            if ((cell + 25) % 26 != 25) FillCell(canvas_, i, j, sk.ZoneColor(cell));
+            if ((cell + 25) % 26 != 25) FillCell(canvas_, i, j, ZoneColor(cell));
         }
     for (int z = 1; z <= 25; ++z) {
-        if (sk.ZoneLabelX[L][z] == 0) {
-            sk.ZoneRectLeft[L][z] = sk.ZoneRectTop[L][z] = 0;
-            sk.ZoneRectRight[L][z] = sk.ZoneRectBottom[L][z] = 0;
+        if (sc.ZoneLabelX[L][z] == 0) {
+            sc.ZoneRectLeft[L][z] = sc.ZoneRectTop[L][z] = 0;
+            sc.ZoneRectRight[L][z] = sc.ZoneRectBottom[L][z] = 0;
             continue;
         }
-        PrintZoneName(canvas_, sk.ZoneLabelX[L][z], sk.ZoneLabelY[L][z], ZoneName(z),
-                      sk.ZoneColor(z));
+        PrintZoneName(canvas_, sc.ZoneLabelX[L][z], sc.ZoneLabelY[L][z], ZoneName(z), ZoneColor(z));
     }
     // A level just copied from the one below shows the copied rectangles.
-    if (sk.NewLevelPending == 1) {
+    if (sc.NewLevelPending == 1) {
         for (int z = 1; z <= 25; ++z)
-            if (sk.ZoneLabelX[L][z] != 0)
-                DottedOutline(canvas_, int(sk.ZoneRectLeft[L][z]), int(sk.ZoneRectTop[L][z]),
-                              int(sk.ZoneRectRight[L][z]), int(sk.ZoneRectBottom[L][z]),
-                              kDotColor);
-        sk.NewLevelPending = 0;
+            if (sc.ZoneLabelX[L][z] != 0)
+                DottedOutline(canvas_, int(sc.ZoneRectLeft[L][z]), int(sc.ZoneRectTop[L][z]),
+                              int(sc.ZoneRectRight[L][z]), int(sc.ZoneRectBottom[L][z]), kDotColor);
+        sc.NewLevelPending = 0;
     }
     DrawGridDots(canvas_);
 }
@@ -614,9 +628,10 @@ void DrawFormController::RefreshGrid() {
 // ---- shown values ----------------------------------------------------------------------
 
 void DrawFormController::ShowSelected() {
-    SketchModel& sk = Sk();
-    const int z = sk.SelectedZone;
-    fields["zone_area"].text = "Zn area=" + StrForm(RoundOff(sk.ZoneSketchArea[z], 1));
+    SketchState& sk = session_.model.sketch;
+    SketchScreen& sc = screen;
+    const int z = sc.SelectedZone;
+    fields["zone_area"].text = "Zn area=" + StrForm(RoundOff(sc.ZoneSketchArea[z], 1));
     fields["BldgArea"].text =
         "BldArea=" + StrForm(RoundOff(session_.model.BuildingFloorAreaEntered, 0));
     fields["Stories"].text = "Stories=" + StrForm(sk.Stories);
@@ -625,14 +640,15 @@ void DrawFormController::ShowSelected() {
     fields["ceiling_ht"].text = NumText(sk.LevelCeilingHt[sk.CurrentLevel]);
     if (!gridChanged_) fields["gridsize"].text = NumText(sk.GridSize);
     if (!rotationChanged_) fields["Rotation"].text = NumText(sk.Rotation);
-    fields["SelectedZone"].text = "Drawing zone " + std::to_string(z) + ": " + TrimName(ZoneName(z));
+    fields["SelectedZone"].text =
+        "Drawing zone " + std::to_string(z) + ": " + TrimName(ZoneName(z));
 }
 
 void DrawFormController::NameFocus(int zone) {
     if (zone < 1 || zone > 25) return;
     eraseMode_ = false;
-    Sk().SelectedZone = zone;
-    PaintColor = Sk().ZoneColor(zone);
+    screen.SelectedZone = zone;
+    PaintColor = ZoneColor(zone);
     ShowSelected();
 }
 
@@ -647,11 +663,11 @@ std::string DrawFormController::ZoneName(int zone) const {
 }
 
 int DrawFormController::SelectedZone() const {
-    return Sk().SelectedZone;
+    return screen.SelectedZone;
 }
 
 Color DrawFormController::ZoneColorOf(int zone) const {
-    return Sk().ZoneColor(zone);
+    return ZoneColor(zone);
 }
 
 PointerShape DrawFormController::Pointer(double x, double y) const {
@@ -662,33 +678,122 @@ PointerShape DrawFormController::Pointer(double x, double y) const {
 }
 
 Color DrawFormController::ColorAtSheet(double x, double y) const {
-    return canvas_.ColorAt(CanvasX(x), CanvasY(y));
-}
-
-int DrawFormController::ZoneOfColor(Color c) const {
-    const SketchModel& sk = Sk();
-    if (c == kWhite || c == kBelowGrey) return 0;
-    for (int z = 1; z <= 25; ++z)
-        if (sk.ZoneColor(z) == c) return z;
-    return 0;
+    const Point p = SheetToPixel(canvas_, x, y);
+    return canvas_.ColorAt(p.x, p.y);
 }
 
 IsoScene DrawFormController::Scene() const {
-    const SketchModel& sk = Sk();
+    const SketchState& sk = session_.model.sketch;
+    const SketchScreen& sc = screen;
     IsoScene scene;
     scene.drawingScale = sk.DrawingScale;
     scene.units = session_.model.session.Units;
     for (int L = 1; L <= sk.TopFloor; ++L) {
         scene.levelHeight.push_back(sk.LevelHeight[L]);
         for (int z = 1; z <= 25; ++z) {
-            if (sk.ZoneLabelX[L][z] == 0) continue;
-            const PlanRect r{sk.ZoneRectLeft[L][z], sk.ZoneRectTop[L][z], sk.ZoneRectRight[L][z],
-                             sk.ZoneRectBottom[L][z]};
+            if (sc.ZoneLabelX[L][z] == 0) continue;
+            const PlanRect r{sc.ZoneRectLeft[L][z], sc.ZoneRectTop[L][z], sc.ZoneRectRight[L][z],
+                             sc.ZoneRectBottom[L][z]};
             if (r.left == r.right || r.top == r.bottom) continue;
-            scene.zones.push_back({L, z, r, sk.ZoneColor(z)});
+            scene.zones.push_back({L, z, r, ZoneColor(z)});
         }
     }
     return scene;
+}
+
+// ---- the model's routines ---------------------------------------------------------------
+
+SketchContext DrawFormController::Context() {
+    return SketchContext{session_, screen, canvas_, prompt_, [this](SketchContext&) { Redraw(); }};
+}
+
+bool DrawFormController::LoadFiles() {
+    SketchContext ctx = Context();
+    return LoadSketchFiles(ctx);
+}
+
+void DrawFormController::Show(int level) {
+    SketchContext ctx = Context();
+    if (!ShowLevel(ctx, level)) {
+        prompt_.Ask("Level " + std::to_string(level) + " of the drawing could not be read from " +
+                        LevelFilePath(session_.paths, level).string() + ".",
+                    "Building Sketch", Buttons::Ok, Icon::Exclamation);
+        return;
+    }
+    ScanLevel(ctx);
+}
+
+void DrawFormController::Scan() {
+    SketchContext ctx = Context();
+    ScanLevel(ctx);
+}
+
+void DrawFormController::WriteLevel() {
+    SketchContext ctx = Context();
+    if (!WriteLevelFile(ctx))
+        prompt_.Ask("The level file " +
+                        LevelFilePath(session_.paths, session_.model.sketch.CurrentLevel).string() +
+                        " could not be written.",
+                    "Building Sketch", Buttons::Ok, Icon::Exclamation);
+}
+
+void DrawFormController::RemoveLevel() {
+    SketchContext ctx = Context();
+    if (!RemoveLevelFromAll(ctx))
+        prompt_.Ask("The level could not be removed: the drawing's files could not be written.",
+                    "Building Sketch", Buttons::Ok, Icon::Exclamation);
+}
+
+bool DrawFormController::AddLevel() {
+    ProjectModel& m = session_.model;
+    SketchState& sk = m.sketch;
+    const int from = sk.TopFloor, level = sk.TopFloor + 1;
+    if (level > kMaxLevels) {
+        prompt_.Ask("A drawing holds at most " + std::to_string(kMaxLevels) + " levels.",
+                    "Maximum Levels Exceeded", Buttons::Ok, Icon::Exclamation);
+        return false;
+    }
+    const auto text = ReadTextFile(LevelFilePath(session_.paths, from));
+    std::vector<std::string> lines = text ? SplitLines(*text) : std::vector<std::string>{};
+    if (lines.size() < kMatrixHeaderLines) {
+        prompt_.Ask("Level " + std::to_string(from) + " of the drawing could not be read.",
+                    "Building Sketch", Buttons::Ok, Icon::Exclamation);
+        return false;
+    }
+    // The copy is one floor: its floors and section area say so.
+    const float floorArea = MatrixHeaderValue(lines[4]);
+    lines[2] = MatrixHeaderLine(3, 1);
+    lines[5] = MatrixHeaderLine(6, floorArea);
+    LineWriter out;
+    for (const std::string& line : lines) out.Line(line);
+    if (!WriteFileAtomic(LevelFilePath(session_.paths, level), out.Str())) {
+        prompt_.Ask("The level file " + LevelFilePath(session_.paths, level).string() +
+                        " could not be written.",
+                    "Building Sketch", Buttons::Ok, Icon::Exclamation);
+        return false;
+    }
+    screen.NewLevelPending = 1;
+    sk.Stories += 1;
+    sk.TopFloor = static_cast<std::int16_t>(level);
+    sk.LevelFloors[level] = 1;
+    m.BuildingFloorAreaEntered += floorArea;
+    return true;
+}
+
+bool DrawFormController::JoinTo(const std::string& file) {
+    // The level files are joined the way the end of the sketch joins them,
+    // and bld_mtx.all is put back: the sketch is not finished by a save.
+    const auto all = session_.paths.Resolve(kMatrixAllFile);
+    const auto before = ReadTextFile(all);
+    bool ok = JoinLevelFiles(session_);
+    std::error_code ec;
+    if (ok) {
+        std::filesystem::copy_file(all, file, std::filesystem::copy_options::overwrite_existing,
+                                   ec);
+        ok = !ec;
+    }
+    if (before) WriteFileAtomic(all, *before);
+    return ok;
 }
 
 }  // namespace solvane

@@ -9,6 +9,8 @@
 
 #include "core/session.h"
 #include "sketch/isometric.h"
+#include "sketch/sketch_files.h"
+#include "sketch/sketch_model.h"
 #include "ui/canvas.h"
 #include "ui/prompt.h"
 #include "ui/screen_fields.h"
@@ -19,8 +21,12 @@ namespace solvane {
 // left edge, y from 600 at the top edge down to 0.
 inline constexpr int kCanvasWidth = 1000;
 inline constexpr int kCanvasHeight = 600;
-inline constexpr double SheetX(double canvasX) { return canvasX - 100; }
-inline constexpr double SheetY(double canvasY) { return kCanvasHeight - canvasY; }
+inline constexpr double SheetX(double canvasX) {
+    return canvasX - 100;
+}
+inline constexpr double SheetY(double canvasY) {
+    return kCanvasHeight - canvasY;
+}
 
 enum class Tool { Box, Line, Circle, Free, Matrix };
 
@@ -52,8 +58,9 @@ class DrawFormController {
     DrawFormController(Session& session, Canvas& canvas, Prompt& prompt,
                        DrawFormServices services = {});
 
-    // The screen's load: the drawing is read and level 1 shown.
-    void Load();
+    // The screen's load: the drawing is read and level 1 shown. False when
+    // the drawing could not be read (the user has been told).
+    bool Load();
 
     // The pointer, in sheet units.
     void MouseDown(double x, double y, MouseButton button);
@@ -105,7 +112,9 @@ class DrawFormController {
     Tool tool() const { return tool_; }
     bool erasing() const { return eraseMode_; }
 
-    ScreenFields fields;
+    // The screen's tables and named fields.
+    SketchScreen screen;
+    ScreenFields& fields = screen.fields;
 
     // Stroke state.
     int ClickX = 0;
@@ -114,16 +123,15 @@ class DrawFormController {
     int FacingIndex = 0;  // 0 north .. 3 west, from the rotation
 
   private:
-    SketchModel& Sk();
-    const SketchModel& Sk() const;
     // The model's routines.
-    void LoadFiles();
+    bool LoadFiles();
     void Show(int level);
     void Scan();
     void WriteLevel();
     void RemoveLevel();
     bool AddLevel();
     bool JoinTo(const std::string& file);
+    SketchContext Context();
 
     void TellCell(double x, double y);
     void DrawBox(int sx, int sy, int ex, int ey);
@@ -133,7 +141,6 @@ class DrawFormController {
     void ShowSelected();
     std::string ZoneName(int zone) const;
     Color ColorAtSheet(double x, double y) const;
-    int ZoneOfColor(Color c) const;
 
     Session& session_;
     Canvas& canvas_;

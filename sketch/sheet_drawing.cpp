@@ -15,27 +15,32 @@ int Brightness(Color c) {
 
 }  // namespace
 
-void FillSheetBox(Canvas& canvas, int x1, int y1, int x2, int y2, Color color) {
-    const int xa = std::min(x1, x2), xb = std::max(x1, x2);
-    const int ya = std::min(y1, y2), yb = std::max(y1, y2);
-    if (xa == xb || ya == yb) return;
-    canvas.FillBox(CanvasX(xa), CanvasY(yb), CanvasX(xb) - 1, CanvasY(ya) - 1, color);
+void SheetLine(Canvas& canvas, double x1, double y1, double x2, double y2, Color color) {
+    const Point a = SheetToPixel(canvas, x1, y1), b = SheetToPixel(canvas, x2, y2);
+    canvas.Line(a.x, a.y, b.x, b.y, color);
+}
+
+void SheetCircle(Canvas& canvas, double cx, double cy, double radius, Color color) {
+    const Point c = SheetToPixel(canvas, cx, cy);
+    const Point edge = SheetToPixel(canvas, cx + radius, cy);
+    canvas.Circle(c.x, c.y, edge.x - c.x, color);
 }
 
 void FillCell(Canvas& canvas, int row, int column, Color color) {
-    FillSheetBox(canvas, kGridStep * (column - 1), kGridStep * (row - 1), kGridStep * column,
+    SheetFillBox(canvas, kGridStep * (column - 1), kGridStep * (row - 1), kGridStep * column,
                  kGridStep * row, color);
 }
 
 void DottedOutline(Canvas& canvas, int x1, int y1, int x2, int y2, Color color) {
-    const int xa = CanvasX(std::min(x1, x2)), xb = CanvasX(std::max(x1, x2)) - 1;
-    const int ya = CanvasY(std::max(y1, y2)), yb = CanvasY(std::min(y1, y2)) - 1;
-    for (int x = xa; x <= xb; x += 3) {
-        canvas.SetPoint(x, ya, color);
+    const Point a = SheetToPixel(canvas, std::min(x1, x2), std::max(y1, y2));
+    const Point b = SheetToPixel(canvas, std::max(x1, x2), std::min(y1, y2));
+    const int xb = b.x - 1, yb = b.y - 1;
+    for (int x = a.x; x <= xb; x += 3) {
+        canvas.SetPoint(x, a.y, color);
         canvas.SetPoint(x, yb, color);
     }
-    for (int y = ya; y <= yb; y += 3) {
-        canvas.SetPoint(xa, y, color);
+    for (int y = a.y; y <= yb; y += 3) {
+        canvas.SetPoint(a.x, y, color);
         canvas.SetPoint(xb, y, color);
     }
 }
@@ -43,7 +48,8 @@ void DottedOutline(Canvas& canvas, int x1, int y1, int x2, int y2, Color color) 
 void DrawGridDots(Canvas& canvas) {
     for (int x = 0; x <= kSheetWidth; x += kGridStep)
         for (int y = 0; y <= kSheetHeight; y += kGridStep) {
-            const int cx = CanvasX(x), cy = CanvasY(y);
+            const Point p = SheetToPixel(canvas, x, y);
+            const int cx = p.x, cy = p.y;
             canvas.SetPoint(cx, cy, kDotColor);
             if (x % 40 == 0 && y % 40 == 0) {
                 canvas.SetPoint(cx + 1, cy, kDotColor);
@@ -56,8 +62,7 @@ void DrawGridDots(Canvas& canvas) {
 void DrawLegend(Canvas& canvas, const std::function<Color(int)>& color) {
     for (int z = 1; z <= 25; ++z) {
         const int top = kSheetHeight - kLegendBox * (z - 1);
-        canvas.FillBox(CanvasX(-99), CanvasY(top) + 1, CanvasX(-87), CanvasY(top - kLegendBox) - 2,
-                       color(z));
+        SheetFillBox(canvas, -99, top - 1, -87, top - kLegendBox + 2, color(z));
     }
 }
 
@@ -75,22 +80,27 @@ void DrawNorthArrow(Canvas& canvas, float rotation) {
     const auto at = [&](double along, double across) {
         const double x = cx + along * std::sin(a) + across * std::cos(a);
         const double y = cy + along * std::cos(a) - across * std::sin(a);
-        return Point{CanvasX(x), CanvasY(y)};
+        return SheetToPixel(canvas, x, y);
     };
     const Point tail = at(-length / 2, 0), head = at(length / 2, 0);
     const Point left = at(length / 2 - 6, -4), right = at(length / 2 - 6, 4);
     canvas.Line(tail.x, tail.y, head.x, head.y, kArrowColor);
     canvas.Line(head.x, head.y, left.x, left.y, kArrowColor);
     canvas.Line(head.x, head.y, right.x, right.y, kArrowColor);
-    canvas.Text(CanvasX(cx - 2), CanvasY(cy + 28), "N", 6, kArrowColor);
-    canvas.Text(CanvasX(cx + 18), CanvasY(cy + 4), "E", 6, kArrowColor);
-    canvas.Text(CanvasX(cx - 2), CanvasY(cy - 18), "S", 6, kArrowColor);
-    canvas.Text(CanvasX(cx - 24), CanvasY(cy + 4), "W", 6, kArrowColor);
+    const auto caption = [&](double x, double y, const char* text) {
+        const Point p = SheetToPixel(canvas, x, y);
+        canvas.Text(p.x, p.y, text, 6, kArrowColor);
+    };
+    caption(cx - 2, cy + 24, "N");
+    caption(cx + 16, cy + 4, "E");
+    caption(cx - 2, cy - 14, "S");
+    caption(cx - 22, cy + 4, "W");
 }
 
 void PrintZoneName(Canvas& canvas, double x, double y, const std::string& name, Color zoneColor) {
     const Color ink = Brightness(zoneColor) < 110 ? 0xF0F0F0 : kDotColor;
-    canvas.Text(CanvasX(x), CanvasY(y), TrimName(name), kNameFontSize, ink);
+    const Point p = SheetToPixel(canvas, x, y);
+    canvas.Text(p.x, p.y, TrimName(name), kNameFontSize, ink);
 }
 
 int NameWidth(const std::string& name) {

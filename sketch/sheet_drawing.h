@@ -6,28 +6,22 @@
 #include <functional>
 #include <string>
 
+#include "sketch/sketch_model.h"
 #include "ui/canvas.h"
 
 namespace solvane {
 
-inline constexpr int kSheetWidth = 900;
-inline constexpr int kSheetHeight = 600;
-inline constexpr int kGridStep = 10;
+inline constexpr int kSheetWidth = kSketchCols * kGridStep;
+inline constexpr int kSheetHeight = kSketchRows * kGridStep;
 inline constexpr double kLegendEdge = -85;  // x below this is the legend column
-inline constexpr Color kWhite = 0xFFFFFF;
 // Palette entry 0 plus 16: dots, guides and outlines that no zone colour equals.
 inline constexpr Color kDotColor = 0x100000;
-// Where the level below stands; read as empty.
-inline constexpr Color kBelowGrey = 0xE1E1E1;
 inline constexpr Color kArrowColor = 0x0000FF;
 inline constexpr int kNameFontSize = 5;
 
-// Canvas unit of a sheet point.
-inline int CanvasX(double sheetX) { return static_cast<int>(sheetX) + 100; }
-inline int CanvasY(double sheetY) { return kSheetHeight - static_cast<int>(sheetY); }
-
-// Fills the cells between two grid nodes (in either order).
-void FillSheetBox(Canvas& canvas, int x1, int y1, int x2, int y2, Color color);
+// A line and a circle outline between sheet points.
+void SheetLine(Canvas& canvas, double x1, double y1, double x2, double y2, Color color);
+void SheetCircle(Canvas& canvas, double cx, double cy, double radius, Color color);
 // Fills cell (row, column), row 1 at the bottom of the sheet.
 void FillCell(Canvas& canvas, int row, int column, Color color);
 // A dotted outline between two grid nodes.
