@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "app/catalogs.h"
+#include "app/drawform.h"
 #include "app/economics.h"
 #include "app/file_forms.h"
 #include "app/mainform.h"
@@ -74,6 +75,13 @@ void AppShell::MakeScreens() {
         std::make_unique<EconomicsScreen>(*economicsController_, *demandController_, navigate, hub);
     catalog_ = std::make_unique<CatalogScreen>(*catalogController_, session_.paths, navigate, hub);
     hvac_ = std::make_unique<HvacScreen>(*hvacController_, navigate, hub);
+    drawForm_ = std::make_unique<DrawFormScreen>(
+        session_, prompt_,
+        [this](Canvas& canvas) {
+            return std::make_unique<DrawFormController>(session_, canvas, prompt_);
+        },
+        navigate);
+    session_.availableScreens.insert({Screen::DrawForm});
     session_.availableScreens.insert({Screen::OldFileForm, Screen::SampleFileForm,
                                       Screen::SaveInputForm, Screen::Weather, Screen::ProjectInfo,
                                       Screen::Economics, Screen::Catalog, Screen::Hvac});
@@ -143,6 +151,9 @@ void AppShell::Navigate(const Navigation& nav) {
             break;
         case Screen::Hvac:
             hvac_->Open();
+            break;
+        case Screen::DrawForm:
+            drawForm_->Open();
             break;
         case Screen::Warning:
             warning_->Refresh();

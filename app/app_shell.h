@@ -30,6 +30,7 @@ class ProjectInfoScreen;
 class EconomicsScreen;
 class CatalogScreen;
 class HvacScreen;
+class DrawFormScreen;
 
 class AppShell : public QObject {
     Q_OBJECT
@@ -55,6 +56,7 @@ class AppShell : public QObject {
     EconomicsScreen* economics() { return economics_.get(); }
     CatalogScreen* catalog() { return catalog_.get(); }
     HvacScreen* hvac() { return hvac_.get(); }
+    DrawFormScreen* drawForm() { return drawForm_.get(); }
     bool ended() const { return ended_; }
 
   signals:
@@ -95,6 +97,7 @@ class AppShell : public QObject {
     std::unique_ptr<EconomicsScreen> economics_;
     std::unique_ptr<CatalogScreen> catalog_;
     std::unique_ptr<HvacScreen> hvac_;
+    std::unique_ptr<DrawFormScreen> drawForm_;
     bool ended_ = false;
 };
 

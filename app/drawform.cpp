@@ -25,7 +25,6 @@
 #include "app/help_viewer.h"
 #include "app/isometric.h"
 #include "app/picture_output.h"
-#include "app/winareasel.h"
 
 namespace solvane {
 
@@ -205,9 +204,6 @@ QWidget* DrawFormScreen::BuildTools() {
     row->addStretch(1);
     connect(AddButton(row, "View3D", "3D View"), &QPushButton::clicked, this,
             [this] { OpenView3D(); });
-    connect(AddButton(row, "WinSizer", "Window Sizer"), &QPushButton::clicked, this, [this] {
-        if (sizer_) sizer_->Open();
-    });
     return bar;
 }
 
@@ -310,7 +306,7 @@ QWidget* DrawFormScreen::BuildNames() {
 void DrawFormScreen::ConnectCanvas() {
     const auto sheet = [](QPointF c) { return QPointF(SheetX(c.x()), SheetY(c.y())); };
     const auto button = [](Qt::MouseButton b) {
-        return b == Qt::RightButton ? MouseButton::Right
+        return b == Qt::RightButton  ? MouseButton::Right
                : b == Qt::LeftButton ? MouseButton::Left
                                      : MouseButton::Middle;
     };
@@ -377,7 +373,11 @@ void DrawFormScreen::PaintBand(QPainter& p) const {
 }
 
 void DrawFormScreen::Open() {
-    controller_->Load();
+    if (!controller_->Load()) {
+        // The drawing could not be read (the user was told): back to the hub.
+        navigate_({Screen::MainMenu, true, false});
+        return;
+    }
     ShowFields();
     show();
     raise();
@@ -399,7 +399,6 @@ void DrawFormScreen::Act(const Navigation& nav) {
     ShowFields();
     if (nav.show == Screen::None && !nav.endProgram) return;
     isometric_->hide();
-    if (sizer_) sizer_->hide();
     hide();
     navigate_(nav);
 }
@@ -426,8 +425,8 @@ void DrawFormScreen::LoadItem() {
 void DrawFormScreen::SaveItem() {
     QStringList options = {"Picture of the sheet (JPEG)", "Drawing (to open again later)"};
     bool ok = false;
-    const QString choice = QInputDialog::getItem(this, "Save Drawing", "Save as:", options, 0,
-                                                 false, &ok);
+    const QString choice =
+        QInputDialog::getItem(this, "Save Drawing", "Save as:", options, 0, false, &ok);
     if (!ok) return;
     QString name = QString::fromStdString(session_.model.ProjectData[kProjName]).trimmed();
     if (name.isEmpty()) name = "building";
@@ -435,9 +434,8 @@ void DrawFormScreen::SaveItem() {
         SavePictureAs(this, canvas_.image(), QDir::homePath(), name + ".jpg", prompt_);
         return;
     }
-    QString file = QFileDialog::getSaveFileName(this, "Save Drawing", QDir::homePath() + "/" + name +
-                                                                          ".wri",
-                                                "Drawings (*.wri)");
+    QString file = QFileDialog::getSaveFileName(
+        this, "Save Drawing", QDir::homePath() + "/" + name + ".wri", "Drawings (*.wri)");
     if (file.isEmpty()) return;
     if (!file.endsWith(".wri", Qt::CaseInsensitive)) file += ".wri";
     controller_->SaveDrawing(file.toStdString());

@@ -17,7 +17,6 @@ class CanvasView;
 class FieldEdits;
 class HelpViewer;
 class IsometricScreen;
-class WinAreaSelScreen;
 
 class DrawFormScreen : public QMainWindow {
     Q_OBJECT
@@ -35,7 +34,6 @@ class DrawFormScreen : public QMainWindow {
     ImageCanvas& canvas() { return canvas_; }
     CanvasView* view() { return view_; }
     IsometricScreen* isometric() { return isometric_; }
-    WinAreaSelScreen* windowSizer() { return sizer_; }
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -63,7 +61,6 @@ class DrawFormScreen : public QMainWindow {
     FieldEdits* edits_ = nullptr;
     QLabel* cellInfo_ = nullptr;
     IsometricScreen* isometric_ = nullptr;
-    WinAreaSelScreen* sizer_ = nullptr;
     HelpViewer* help_ = nullptr;
 };
 

@@ -40,8 +40,8 @@ bool WriteJpeg(const QImage& picture, const QString& file) {
 
 bool SavePictureAs(QWidget* parent, const QImage& picture, const QString& folder,
                    const QString& defaultName, Prompt& prompt) {
-    QString file = QFileDialog::getSaveFileName(parent, "Save Picture",
-                                                folder + "/" + defaultName, "Pictures (*.jpg)");
+    QString file = QFileDialog::getSaveFileName(parent, "Save Picture", folder + "/" + defaultName,
+                                                "Pictures (*.jpg)");
     if (file.isEmpty()) return false;
     if (!file.endsWith(".jpg", Qt::CaseInsensitive) && !file.endsWith(".jpeg", Qt::CaseInsensitive))
         file += ".jpg";

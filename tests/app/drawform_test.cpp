@@ -1,0 +1,191 @@
+// The sketch screen offscreen: opened from the hub, drawn on with simulated
+// mouse events, and its 3D view.
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTest>
+#include <filesystem>
+
+#include "app/app_shell.h"
+#include "app/canvas_view.h"
+#include "app/drawform.h"
+#include "app/isometric.h"
+#include "app/mainform.h"
+#include "app/mainmenu.h"
+#include "sketch/sheet_drawing.h"
+#include "ui/scripted_prompt.h"
+
+namespace fs = std::filesystem;
+
+namespace solvane {
+namespace {
+
+class DrawFormScreenTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        root_ = fs::temp_directory_path() /
+                ("solvane_draw_" + std::to_string(::getpid()) + "_" +
+                 ::testing::UnitTest::GetInstance()->current_test_info()->name());
+        fs::create_directories(root_);
+        fs::copy(SOLVANE_DATA_DIR, root_, fs::copy_options::recursive);
+        fs::create_directories(root_ / "temp");
+        fs::remove(root_ / "temp" / "ecalc$.unt");
+        shell_ = std::make_unique<AppShell>(ProgramPaths(root_), prompt_);
+        shell_->Start(StartupEnvironment{});
+        prompt_.Queue(Answer::No);  // not as the default units
+        shell_->mainform()->findChild<QRadioButton*>("unitnum_1")->click();
+        shell_->mainform()->findChild<QAbstractButton*>("continue")->click();
+        // Code, weather and project information done: the sketch task opens.
+        auto& done = shell_->session().model.flags.TaskDone;
+        done[1] = done[2] = done[6] = 1;
+        shell_->mainmenu()->Activate();
+    }
+    void TearDown() override {
+        shell_.reset();
+        fs::remove_all(root_);
+    }
+
+    DrawFormScreen* OpenSketch() {
+        auto* task = shell_->mainmenu()->findChild<QAbstractButton*>("buildingsketch");
+        EXPECT_TRUE(task->isEnabled());
+        task->click();
+        DrawFormScreen* form = shell_->drawForm();
+        EXPECT_TRUE(form->isVisible());
+        EXPECT_FALSE(shell_->mainmenu()->isVisible());
+        QApplication::processEvents();
+        return form;
+    }
+    // The widget point of a sheet point.
+    static QPoint At(DrawFormScreen* form, double x, double y) {
+        return form->view()->ToWidget(QPointF(x + 100, 600 - y)).toPoint();
+    }
+    static void Drag(DrawFormScreen* form, double x1, double y1, double x2, double y2) {
+        CanvasView* v = form->view();
+        QTest::mousePress(v, Qt::LeftButton, {}, At(form, x1, y1));
+        QTest::mouseMove(v, At(form, (x1 + x2) / 2, (y1 + y2) / 2));
+        QTest::mouseMove(v, At(form, x2, y2));
+        QTest::mouseRelease(v, Qt::LeftButton, {}, At(form, x2, y2));
+    }
+    int Cell(int row, int column) { return shell_->session().model.sketch.SketchGrid[row][column]; }
+    int CountCells(int zone) {
+        int n = 0;
+        for (int i = 1; i <= 60; ++i)
+            for (int j = 1; j <= 90; ++j) n += Cell(i, j) == zone;
+        return n;
+    }
+    template <typename T>
+    static T* Find(QWidget* screen, const char* name) {
+        T* w = screen->findChild<T*>(name);
+        EXPECT_NE(w, nullptr) << name;
+        return w;
+    }
+
+    fs::path root_;
+    ScriptedPrompt prompt_;
+    std::unique_ptr<AppShell> shell_;
+};
+
+TEST_F(DrawFormScreenTest, MouseStrokesDrawZonesIntoTheMatrix) {
+    DrawFormScreen* form = OpenSketch();
+    EXPECT_EQ(Find<QLabel>(form, "Level")->text(), "Level= 1");
+    EXPECT_EQ(Find<QLineEdit>(form, "gridsize")->text(), "2");
+    EXPECT_EQ(Find<QLineEdit>(form, "znname_0")->text(), " Zone 1-1");
+
+    // Zone 1: nodes (100, 100) to (300, 200), 20 by 10 cells.
+    Drag(form, 102, 101, 298, 199);
+    EXPECT_EQ(CountCells(1), 200);
+    EXPECT_EQ(Cell(11, 11), 1);
+    EXPECT_EQ(Cell(20, 30), 1);
+    EXPECT_EQ(Cell(21, 30), 0);
+    EXPECT_EQ(Find<QLabel>(form, "zone_area")->text(), "Zn area= 800");
+    // The picture holds the zone's colour where its cells are.
+    const QImage& image = form->canvas().image();
+    const int s = form->canvas().pixelsPerUnit();
+    EXPECT_EQ(image.pixel((100 + 155) * s, (600 - 152) * s) & 0xFFFFFF, ZoneColor(1));
+
+    // Zone 2 by its name box, drawn beside zone 1.
+    QWidget* name2 = Find<QLineEdit>(form, "znname_1");
+    name2->setFocus();
+    QApplication::processEvents();
+    EXPECT_EQ(form->controller().SelectedZone(), 2);
+    Find<QLineEdit>(form, "znname_1")->selectAll();
+    QTest::keyClicks(name2, "Kitchen");
+    Drag(form, 300, 100, 400, 150);
+    EXPECT_EQ(CountCells(2), 50);
+    EXPECT_EQ(form->controller().screen.ZoneNameText(2), "Kitchen");
+
+    // The pointer tells the cell under it and takes the tool's shape.
+    QTest::mouseMove(form->view(), At(form, 312, 108));
+    EXPECT_EQ(Find<QLabel>(form, "CellInfo")->text().toStdString(),
+              "Level 1, row 11, column 32: zone 2 (Kitchen)");
+    EXPECT_EQ(form->view()->cursor().shape(), Qt::CrossCursor);
+    EXPECT_EQ(Find<QLabel>(form, "Coordinates_0")->text().toStdString(), "X,Y=62,22");
+
+    // Erase part of zone 1 with the erase box: the rest stays, the user is told.
+    prompt_.Queue(Answer::Ok);
+    Find<QAbstractButton>(form, "boxbutton")->click();
+    QTest::mouseMove(form->view(), At(form, 150, 150));
+    EXPECT_EQ(form->view()->cursor().shape(), Qt::BitmapCursor);
+    Drag(form, 200, 90, 310, 210);
+    EXPECT_EQ(prompt_.asked.back().title, "Total zone area not removed.");
+    EXPECT_EQ(CountCells(1), 100);
+    EXPECT_EQ(CountCells(2), 45);
+    EXPECT_EQ(Find<QLabel>(form, "BldgArea")->text(), "BldArea= 580");
+}
+
+TEST_F(DrawFormScreenTest, FloorsOnLevelsOneAndTwoAndThe3DView) {
+    DrawFormScreen* form = OpenSketch();
+    Drag(form, 100, 100, 300, 300);
+    auto* floors = Find<QLineEdit>(form, "num_floors");
+    floors->selectAll();
+    QTest::keyClicks(floors, "2");
+    EXPECT_EQ(prompt_.asked.back().title, "Floors per level stipulation.");
+    EXPECT_EQ(floors->text(), "1");
+
+    prompt_.Queue(Answer::Yes);  // another level
+    Find<QAbstractButton>(form, "LevUp")->click();
+    EXPECT_EQ(Find<QLabel>(form, "Level")->text(), "Level= 2");
+    EXPECT_EQ(CountCells(1), 400);
+    floors->selectAll();
+    QTest::keyClicks(floors, "x3");  // digits only
+    EXPECT_EQ(floors->text(), "3");
+    EXPECT_EQ(shell_->session().model.sketch.LevelFloors[2], 3);
+    EXPECT_EQ(Find<QLabel>(form, "BldgArea")->text(), "BldArea= 6400");
+
+    Find<QAbstractButton>(form, "View3D")->click();
+    IsometricScreen* iso = form->isometric();
+    ASSERT_TRUE(iso->isVisible());
+    for (int button = 0; button < 4; ++button) {
+        Find<QAbstractButton>(iso, ("View_" + std::to_string(button)).c_str())->click();
+        int zoneColour = 0;
+        const QImage& image = iso->canvas().image();
+        for (int y = 0; y < image.height(); y += 2)
+            for (int x = 0; x < image.width(); x += 2)
+                zoneColour += (image.pixel(x, y) & 0xFFFFFF) == ZoneColor(1);
+        EXPECT_GT(zoneColour, 500) << button;
+    }
+    EXPECT_EQ(Find<QLineEdit>(iso, "ZRotation")->text(), "315");
+    Find<QAbstractButton>(iso, "Close3D")->click();
+    EXPECT_FALSE(iso->isVisible());
+}
+
+TEST_F(DrawFormScreenTest, TheCloseBoxAsksAndDoneReturnsToTheHub) {
+    DrawFormScreen* form = OpenSketch();
+    prompt_.Queue(Answer::Cancel);
+    form->close();
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(prompt_.asked.back().title, "Warning - Drawing update will not occur");
+
+    prompt_.Queue(Answer::Ok);  // nothing drawn: back to the main menu
+    Find<QAbstractButton>(form, "Exit")->click();
+    EXPECT_EQ(prompt_.asked.back().title, "Building plan not drawn.");
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_TRUE(shell_->mainmenu()->isVisible());
+}
+
+}  // namespace
+}  // namespace solvane
