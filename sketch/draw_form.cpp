@@ -7,6 +7,7 @@
 #include "core/line_writer.h"
 #include "core/numeric_helpers.h"
 #include "core/text_file.h"
+#include "sketch/derive_zones.h"
 #include "sketch/matrix_file.h"
 #include "sketch/sheet_drawing.h"
 
@@ -36,9 +37,8 @@ std::string Keep(const std::string& text, bool point) {
 
 }  // namespace
 
-DrawFormController::DrawFormController(Session& session, Canvas& canvas, Prompt& prompt,
-                                       DrawFormServices services)
-    : session_(session), canvas_(canvas), prompt_(prompt), services_(std::move(services)) {}
+DrawFormController::DrawFormController(Session& session, Canvas& canvas, Prompt& prompt)
+    : session_(session), canvas_(canvas), prompt_(prompt) {}
 
 // ---- entry ------------------------------------------------------------------
 
@@ -524,7 +524,8 @@ Navigation DrawFormController::Exit() {
             "Window Save Alert!", Buttons::YesNo, Icon::Question);
         if (a != Answer::Yes) return {};
         WriteLevel();
-        if (services_.deriveZones) services_.deriveZones();
+        // A sketch whose zones cannot be derived stays open (the user was told).
+        if (!DeriveZones(session_, screen, prompt_)) return {};
         m.flags.InputSavedFlag = 0;
         m.flags.ProjectTouched = 1;
         m.flags.ReSketched = 1;

@@ -41,13 +41,6 @@ struct RubberBand {
     double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
 };
 
-// Work of other parts of the program that the sketch starts.
-struct DrawFormServices {
-    // Derives the zones and their surfaces from the level files and joins
-    // them into bld_mtx.all.
-    std::function<void()> deriveZones;
-};
-
 enum class MouseButton { Left, Right, Middle };
 
 // Fields: `gridsize`, `Rotation`, `num_floors`, `ceiling_ht`, `Level`,
@@ -55,8 +48,7 @@ enum class MouseButton { Left, Right, Middle };
 // `znname_0` .. `znname_24`, `draw_unit`, `CellInfo` (the status line).
 class DrawFormController {
   public:
-    DrawFormController(Session& session, Canvas& canvas, Prompt& prompt,
-                       DrawFormServices services = {});
+    DrawFormController(Session& session, Canvas& canvas, Prompt& prompt);
 
     // The screen's load: the drawing is read and level 1 shown. False when
     // the drawing could not be read (the user has been told).
@@ -145,7 +137,6 @@ class DrawFormController {
     Session& session_;
     Canvas& canvas_;
     Prompt& prompt_;
-    DrawFormServices services_;
     Tool tool_ = Tool::Box;
     bool eraseMode_ = false;
     RubberBand band_;

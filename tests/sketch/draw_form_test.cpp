@@ -23,9 +23,7 @@ class DrawFormTest : public ::testing::Test {
         std::filesystem::copy_file(session_.paths.Resolve(kMatrixTemplateFile),
                                    session_.paths.Resolve(kMatrixAllFile),
                                    std::filesystem::copy_options::overwrite_existing);
-        DrawFormServices services;
-        services.deriveZones = [this] { ++derived_; };
-        form_ = std::make_unique<DrawFormController>(session_, canvas_, prompt_, services);
+        form_ = std::make_unique<DrawFormController>(session_, canvas_, prompt_);
         EXPECT_TRUE(form_->Load());
     }
 
@@ -54,7 +52,6 @@ class DrawFormTest : public ::testing::Test {
     RasterCanvas canvas_{1000, 600};
     ScriptedPrompt prompt_;
     std::unique_ptr<DrawFormController> form_;
-    int derived_ = 0;
 };
 
 TEST_F(DrawFormTest, BoxesSnapToTheGridAndBecomeCells) {
@@ -270,23 +267,25 @@ TEST_F(DrawFormTest, ExitDerivesZonesOnlyWhenConfirmed) {
     EXPECT_EQ(prompt_.asked.back().title, "Building plan not drawn.");
     prompt_.Queue(Answer::Ok);
     EXPECT_EQ(form_->Exit().show, Screen::MainMenu);
-    EXPECT_EQ(derived_, 0);
+    EXPECT_EQ(session_.model.zones.NumZones, 0);
 
     Drag(100, 100, 200, 200);
     prompt_.Queue(Answer::No);
     EXPECT_EQ(form_->Exit().show, Screen::None);
     EXPECT_EQ(prompt_.asked.back().title, "Window Save Alert!");
-    EXPECT_EQ(derived_, 0);
+    EXPECT_EQ(session_.model.zones.NumZones, 0);
     prompt_.Queue(Answer::Yes);
     const Navigation nav = form_->Exit();
     EXPECT_EQ(nav.show, Screen::MainMenu);
-    EXPECT_EQ(derived_, 1);
+    ASSERT_EQ(session_.model.zones.NumZones, 1);
+    EXPECT_EQ(session_.model.zones.ZoneName[1], " Zone 1-1");
+    EXPECT_EQ(session_.model.zones.ZoneFloorArea[1], 400);
     EXPECT_EQ(session_.model.flags.ReSketched, 1);
     EXPECT_FALSE(session_.mainmenu.Enabled("executerun"));
-    // The level was written before the zones were derived.
-    const auto level = ReadTextFile(LevelFilePath(session_.paths, 1));
-    ASSERT_TRUE(level);
-    EXPECT_EQ(SplitLines(*level)[31 + 60 - 11].substr(10, 10), "1111111111");
+    // The level was written and joined into the stored drawing.
+    const auto all = ReadTextFile(session_.paths.Resolve(kMatrixAllFile));
+    ASSERT_TRUE(all);
+    EXPECT_EQ(SplitLines(*all)[31 + 60 - 11].substr(10, 10), "1111111111");
 }
 
 TEST_F(DrawFormTest, FinishAndSavedDrawingsLeaveTheStoredDrawingAlone) {
