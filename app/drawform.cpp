@@ -296,8 +296,8 @@ QWidget* DrawFormScreen::BuildNames() {
     for (int i = 0; i < 25; ++i) {
         QLineEdit* e = AddEdit(grid, i / 5, i % 5, QString("znname_%1").arg(i), edits_);
         e->setMaxLength(20);
-        e->setStyleSheet("border-left: 14px solid " + Hex(controller_->ZoneColorOf(i + 1)) +
-                         "; padding-left: 2px;");
+        e->setStyleSheet("QLineEdit { border: 1px solid #a0a0a0; border-left: 14px solid " +
+                         Hex(controller_->ZoneColorOf(i + 1)) + "; padding: 1px 2px; }");
         e->installEventFilter(focus);
     }
     return box;

@@ -77,7 +77,7 @@ void ImageCanvas::Text(int x, int y, const std::string& text, int fontSize, Colo
     UnitPainter p(image_, scale_);
     QFont font("Sans");
     // Sizes are points on a sheet shown at about one unit a pixel.
-    font.setPixelSize(std::max(fontSize * 4 / 3, 4));
+    font.setPixelSize(std::max(fontSize * 3 / 2, 4));
     font.setStyleStrategy(QFont::NoAntialias);
     p.setFont(font);
     p.setPen(ToQColor(color));

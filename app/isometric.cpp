@@ -76,11 +76,11 @@ IsometricScreen::IsometricScreen(Prompt& prompt, QString folder, QWidget* parent
     layout->addWidget(view_, 1);
 
     auto* bottom = new QHBoxLayout;
-    AddSlider(bottom, "VScrollX", "Left/Right", -400, 400, 0);
-    AddSlider(bottom, "VScrollY", "Up/Down", -300, 300, 0);
-    AddSlider(bottom, "ViewZoom", "Zoom", 30, 300, 100);
-    for (const char* name : {"VScrollX", "VScrollY", "ViewZoom"})
-        connect(findChild<QSlider*>(name), &QSlider::valueChanged, this, [this] { Adjust(); });
+    scrollX_ = AddSlider(bottom, "VScrollX", "Left/Right", -400, 400, 0);
+    scrollY_ = AddSlider(bottom, "VScrollY", "Up/Down", -300, 300, 0);
+    zoom_ = AddSlider(bottom, "ViewZoom", "Zoom", 30, 300, 100);
+    for (QSlider* s : {scrollX_, scrollY_, zoom_})
+        connect(s, &QSlider::valueChanged, this, [this] { Adjust(); });
     bottom->addStretch(1);
     connect(AddButton(bottom, "SaveDWG", "Save Picture..."), &QPushButton::clicked, this, [this] {
         SavePictureAs(this, canvas_.image(), folder_, projectName_ + "-3D.jpg", prompt_);
@@ -105,9 +105,7 @@ void IsometricScreen::Open(IsoScene scene, const QString& projectName) {
 }
 
 void IsometricScreen::Adjust() {
-    controller_->Adjust(findChild<QSlider*>("VScrollX")->value(),
-                        -findChild<QSlider*>("VScrollY")->value(), 0,
-                        findChild<QSlider*>("ViewZoom")->value() / 100.0);
+    controller_->Adjust(scrollX_->value(), -scrollY_->value(), 0, zoom_->value() / 100.0);
     ShowFields();
 }
 

@@ -5,6 +5,8 @@
 #include <QDialog>
 #include <memory>
 
+class QSlider;
+
 #include "app/image_canvas.h"
 #include "sketch/isometric.h"
 
@@ -32,6 +34,9 @@ class IsometricScreen : public QDialog {
     ImageCanvas canvas_;
     std::unique_ptr<IsometricController> controller_;
     CanvasView* view_ = nullptr;
+    QSlider* scrollX_ = nullptr;
+    QSlider* scrollY_ = nullptr;
+    QSlider* zoom_ = nullptr;
 };
 
 }  // namespace solvane

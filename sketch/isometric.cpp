@@ -13,11 +13,20 @@ namespace {
 
 constexpr Color kEdgeColor = 0x606060;
 constexpr Color kCaptionColor = 0x000000;
-constexpr int kMargin = 40;
+constexpr int kMargin = 30;
+constexpr int kCaptionSpace = 50;  // below the picture, for the sizes
 
+// A wall's colour: the zone's colour darkened to `percent`; a colour too dark
+// to darken is lightened by as much instead.
 Color Shade(Color c, int percent) {
-    const auto part = [&](int shift) { return ((c >> shift) & 0xFF) * percent / 100 << shift; };
-    return static_cast<Color>(part(16) | part(8) | part(0));
+    const auto channel = [&](int shift) { return static_cast<int>((c >> shift) & 0xFF); };
+    const bool dark = channel(16) + channel(8) + channel(0) < 120;
+    const auto part = [&](int shift) {
+        const int v = channel(shift);
+        const int shaded = dark ? v + (255 - v) * (100 - percent) / 100 : v * percent / 100;
+        return static_cast<Color>(shaded) << shift;
+    };
+    return part(16) | part(8) | part(0);
 }
 
 struct Extent {
@@ -118,11 +127,13 @@ void IsometricController::Redraw() {
                 }
     }
     if (xmin > xmax) return;  // nothing drawn yet
-    const double fit = std::min((canvas_.Width() - 2.0 * kMargin) / std::max(xmax - xmin, 1.0),
-                                (canvas_.Height() - 2.0 * kMargin) / std::max(ymax - ymin, 1.0));
+    const double fit =
+        std::min((canvas_.Width() - 2.0 * kMargin) / std::max(xmax - xmin, 1.0),
+                 (canvas_.Height() - 2.0 * kMargin - kCaptionSpace) / std::max(ymax - ymin, 1.0));
     const double s = fit * zoom_;
     const double cx = (xmin + xmax) / 2, cy = (ymin + ymax) / 2;
-    const double ox = canvas_.Width() / 2.0 + scrollX_, oy = canvas_.Height() / 2.0 + scrollY_;
+    const double ox = canvas_.Width() / 2.0 + scrollX_;
+    const double oy = (canvas_.Height() - kCaptionSpace) / 2.0 + scrollY_;
     const std::function<Point(IsoPoint)> toCanvas = [s, cx, cy, ox, oy, this](IsoPoint p) {
         return Point{static_cast<int>(std::lround(ox + (p.x - cx) * s)),
                      static_cast<int>(std::lround(oy + (p.y - cy) * s - scrollZ_))};
@@ -142,7 +153,7 @@ void IsometricController::Redraw() {
     });
     for (const IsoZone* z : order)
         DrawZone(*z, bases[z->level - 1], bases[z->level], base, toCanvas);
-    DrawCaptions(base, toCanvas);
+    DrawCaptions();
 }
 
 void IsometricController::DrawZone(const IsoZone& z, double bottom, double top, double base,
@@ -184,25 +195,28 @@ void IsometricController::DrawZone(const IsoZone& z, double bottom, double top, 
     for (const auto& e : outline) edge(e[0], e[1], kEdgeColor, false);
 }
 
-void IsometricController::DrawCaptions(double base,
-                                       const std::function<Point(IsoPoint)>& toCanvas) {
-    Extent ext;
-    for (const IsoZone& z : scene_.zones) ext.Add(TurnRect(projection_, z.rect));
-    const double height = LevelBases(scene_).back();
+void IsometricController::DrawCaptions() {
+    double xmin = std::numeric_limits<double>::max(), xmax = -xmin, ymin = xmin, ymax = -xmin;
+    for (const IsoZone& z : scene_.zones) {
+        xmin = std::min({xmin, double(z.rect.left), double(z.rect.right)});
+        xmax = std::max({xmax, double(z.rect.left), double(z.rect.right)});
+        ymin = std::min({ymin, double(z.rect.top), double(z.rect.bottom)});
+        ymax = std::max({ymax, double(z.rect.top), double(z.rect.bottom)});
+    }
     const std::string unit = scene_.units == 2 ? " Metres" : " Feet";
-    const auto caption = [&](double length) {
+    const auto size = [&](double length) {
         return NumText(RoundOff(length * scene_.drawingScale, 1)) + unit;
     };
-    const auto at = [&](double u, double v, double h) {
-        return toCanvas(Project(projection_, u, v, h, base));
-    };
-    // Along the two near bottom edges and up the nearest corner.
-    const Point alongU = at((ext.umin + ext.umax) / 2, ext.vmax, 0);
-    const Point alongV = at(ext.umax, (ext.vmin + ext.vmax) / 2, 0);
-    const Point up = at(ext.umax, ext.vmax, height / 2);
-    canvas_.Text(alongU.x - 20, alongU.y + 8, caption(ext.umax - ext.umin), 8, kCaptionColor);
-    canvas_.Text(alongV.x - 20, alongV.y + 8, caption(ext.vmax - ext.vmin), 8, kCaptionColor);
-    canvas_.Text(up.x + 6, up.y, caption(height), 8, kCaptionColor);
+    // The building's overall sizes, in the corner below the picture.
+    const std::pair<const char*, double> lines[] = {{"Width (W-E):", xmax - xmin},
+                                                    {"Depth (S-N):", ymax - ymin},
+                                                    {"Height:", LevelBases(scene_).back()}};
+    int y = canvas_.Height() - kCaptionSpace + 6;
+    for (const auto& [label, length] : lines) {
+        canvas_.Text(10, y, label, 8, kCaptionColor);
+        canvas_.Text(90, y, size(length), 8, kCaptionColor);
+        y += 14;
+    }
 }
 
 }  // namespace solvane

@@ -54,7 +54,7 @@ class IsometricController {
   private:
     void DrawZone(const IsoZone& z, double bottom, double top, double base,
                   const std::function<Point(IsoPoint)>& toCanvas);
-    void DrawCaptions(double base, const std::function<Point(IsoPoint)>& toCanvas);
+    void DrawCaptions();
 
     Canvas& canvas_;
     Prompt& prompt_;
