@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
 #include <optional>
 #include <utility>
 
@@ -67,6 +68,15 @@ int StraightDistance(const LevelCells& g, int i, int j, int di, int dj) {
         if (!InGrid(i, j)) return 0;
         if (g[i][j] > 0) return n;
     }
+}
+
+// The derivation's own working files under temp are written in place.
+bool WriteWorkFile(const std::filesystem::path& path, std::string_view text) {
+    std::error_code ec;
+    std::filesystem::remove(path, ec);
+    std::ofstream out(path, std::ios::binary | std::ios::trunc);
+    out.write(text.data(), static_cast<std::streamsize>(text.size()));
+    return static_cast<bool>(out);
 }
 
 std::string KindText(int kind) {
@@ -143,18 +153,12 @@ class Deriver {
         double totalHeight = 0;
         for (int l = 1; l <= sk_.TopFloor; ++l) totalHeight += Table(sk_.LevelHeight, l);
         double belowHeight = 0;
-        int zoneCount = 0;
         out.levels.reserve(static_cast<std::size_t>(sk_.TopFloor));
         for (int l = 1; l <= sk_.TopFloor; ++l) {
             const double heightAbove = totalHeight - belowHeight;
             belowHeight += Table(sk_.LevelHeight, l);
             DerivedLevel& level = out.levels.emplace_back();
             if (!DeriveLevel(l, heightAbove, level, out)) return out;
-            zoneCount += static_cast<int>(level.zones.size());
-            if (zoneCount > kMaxZones)
-                return Refuse(out,
-                              "The sketch holds more than 100 zones, the most a project can "
-                              "describe.  Remove zones from the sketch and exit again.");
             for (const DerivedZone& z : level.zones)
                 out.buildingFloorArea += Floors(l, level) * z.floorArea;
         }
@@ -456,12 +460,21 @@ bool DeriveZones(Session& session, SketchScreen& screen, Prompt& prompt) {
     m.session.UnitsIndex = static_cast<std::int16_t>(m.session.Units == 2 ? 1 : 0);
     if (sk.TopFloor < 1) {
         // Nothing drawn: the zone lists are emptied and the zones stay as they are.
-        return WriteFileAtomic(session.paths.Resolve(kZoneNameFile), "") &&
-               WriteFileAtomic(session.paths.Resolve(kZoneAreaFile), "");
+        return WriteWorkFile(session.paths.Resolve(kZoneNameFile), "") &&
+               WriteWorkFile(session.paths.Resolve(kZoneAreaFile), "");
     }
     const DerivedSketch derived = DeriveSurfaces(session);
     if (!derived.Ok()) {
         prompt.Ask(derived.errorText, derived.errorTitle, Buttons::Ok, Icon::Exclamation);
+        return false;
+    }
+    std::size_t zoneCount = 0;
+    for (const DerivedLevel& level : derived.levels) zoneCount += level.zones.size();
+    if (zoneCount > kMaxZones) {
+        prompt.Ask("The sketch holds " + std::to_string(zoneCount) +
+                       " zones, more than the 100 zones a project can describe.  Remove zones "
+                       "from the sketch and exit again.",
+                   "Too many zones", Buttons::Ok, Icon::Exclamation);
         return false;
     }
     const auto fail = [&](const std::string& file) {
@@ -475,6 +488,7 @@ bool DeriveZones(Session& session, SketchScreen& screen, Prompt& prompt) {
     // exposed surface still gets its file.
     const std::string rotationText = screen.fields.Text("Rotation");
     LineWriter names, areas;
+    const auto tempDir = session.paths.Resolve("\\temp");
     auto windows = m.surfaces.SurfWindowArea;
     int slot = 0;
     for (const DerivedLevel& level : derived.levels) {
@@ -483,16 +497,16 @@ bool DeriveZones(Session& session, SketchScreen& screen, Prompt& prompt) {
             ++slot;
             names.Text(dz.number).Column(6).Text(cuts::Left(dz.name, kZoneNameWidth)).EndLine();
             areas.Text(dz.number).Column(6).Num(dz.floorArea).EndLine();
-            const std::string file = "\\temp\\temp" + dz.number + ".zon";
-            if (!WriteFileAtomic(session.paths.Resolve(file), ZoneFileText(dz, m, slot, windows)))
-                return fail(file);
+            const std::string file = "temp" + dz.number + ".zon";
+            if (!WriteWorkFile(tempDir / file, ZoneFileText(dz, m, slot, windows)))
+                return fail("\\temp\\" + file);
         }
     }
     names.Line("99");
     areas.Line(rotationText).Line("99");
-    if (!WriteFileAtomic(session.paths.Resolve(kZoneNameFile), names.Str()))
+    if (!WriteWorkFile(session.paths.Resolve(kZoneNameFile), names.Str()))
         return fail(kZoneNameFile);
-    if (!WriteFileAtomic(session.paths.Resolve(kZoneAreaFile), areas.Str()))
+    if (!WriteWorkFile(session.paths.Resolve(kZoneAreaFile), areas.Str()))
         return fail(kZoneAreaFile);
 
     // The zone list of the model; zones that disappeared stay beyond NumZones.

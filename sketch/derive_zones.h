@@ -96,13 +96,12 @@ void OrderEntries(std::vector<SurfaceEntry>& entries, bool topLevel);
 // latitude and the window sizer's overhangs.
 DerivedSketch DeriveSurfaces(const Session& session);
 
-// The whole step at the sketch's Exit: derives the surfaces, writes the zone
-// files, zname.tmp and zarea.tmp, fills the zone list of the model
-// (NumZones, ZoneNumber, ZoneName, ZoneFloorArea, ZoneSurfaceCount,
-// SurfWindowArea, the building's floor areas, RotationText) and joins the
-// level files into bld_mtx.all. A sketch beyond the tables' bounds, or files
-// that cannot be read or written, are told to the user and give false; the
-// model and bld_mtx.all are then left as they were.
+// The whole step at the sketch's Exit: derives the surfaces, refuses more
+// zones than the project holds, writes the zone files, zname.tmp and zarea.tmp, fills the zone list
+// of the model (NumZones, ZoneNumber, ZoneName, ZoneFloorArea, ZoneSurfaceCount, SurfWindowArea,
+// the building's floor areas, RotationText) and joins the level files into bld_mtx.all. A sketch
+// beyond the tables' bounds, or files that cannot be read or written, are told to the user and give
+// false; the model and bld_mtx.all are then left as they were.
 bool DeriveZones(Session& session, SketchScreen& screen, Prompt& prompt);
 
 }  // namespace solvane

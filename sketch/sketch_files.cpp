@@ -165,8 +165,9 @@ bool ReadLevelHeads(SketchContext& ctx) {
         if (!lines) return false;
         for (std::size_t n = 0; n < lines->size() && n < kMatrixHeadLines; ++n) {
             const std::string& line = (*lines)[n];
-            if (n == 5)
-                m.BuildingFloorAreaEntered += static_cast<float>(NumVal(cuts::Mid(line, 15)));
+            // The section area, from column 14 like every header value: a
+            // value written without its leading blank still reads whole.
+            if (n == 5) m.BuildingFloorAreaEntered += MatrixHeaderValue(line);
             if (!IsZoneLine(line)) continue;
             const int z = ZoneLineNumber(line);
             if (z < 1 || z > kLevelZones) continue;

@@ -349,3 +349,45 @@ TEST_F(DeriveZonesTest, SiWindowsKeepOneDecimal) {
 
 }  // namespace
 }  // namespace solvane
+
+namespace solvane {
+namespace {
+
+// The building matrix of the office sample, written by the project file's
+// own hand, loads and derives into the sample's three zones.
+TEST_F(DeriveZonesTest, SampleProjectMatrixDerivesItsZones) {
+    const auto text = ReadTextFile(std::filesystem::path(SOLVANE_SOURCE_DIR) / "data" / "sample" /
+                                   "Office [two levels, I-P].inp");
+    ASSERT_TRUE(text);
+    auto lines = SplitLines(*text);
+    const auto start = std::find(lines.begin(), lines.end(), "BUILDING MATRIX");
+    ASSERT_NE(start, lines.end());
+    WriteAll(std::vector<std::string>(start + 1, lines.end()));
+    auto ctx = Context();
+    ASSERT_TRUE(LoadSketchFiles(ctx));
+    EXPECT_EQ(session.model.sketch.TopFloor, 2);
+    EXPECT_EQ(session.model.sketch.Rotation, 15.0f);
+    EXPECT_EQ(session.model.BuildingFloorAreaEntered, 4800.0f);
+    EXPECT_EQ(screen.ZoneNameText(2), "Conference");
+    ASSERT_TRUE(DeriveZones(session, screen, prompt));
+
+    const ZoneState& zs = session.model.zones;
+    ASSERT_EQ(zs.NumZones, 3);
+    EXPECT_EQ(zs.ZoneNumber[1], "1-1");
+    EXPECT_EQ(zs.ZoneName[1], "Open Office");
+    EXPECT_EQ(zs.ZoneFloorArea[1], 1600.0f);
+    EXPECT_EQ(zs.ZoneNumber[2], "1-2");
+    EXPECT_EQ(zs.ZoneFloorArea[2], 800.0f);
+    EXPECT_EQ(zs.ZoneNumber[3], "2-1");
+    EXPECT_EQ(zs.ZoneName[3], "Upper Office");
+    EXPECT_EQ(zs.ZoneFloorArea[3], 2400.0f);
+    EXPECT_EQ(session.model.sketch.RotationText, "15");
+    // Level 1 lies wholly under level 2: no roof below, floors on the ground.
+    for (const auto& s : Surfaces("1-2")) EXPECT_NE(s[3], "6   ");
+    // The north wall of the upper level turns to 15 degrees: 30 cells x 2 x 10.
+    EXPECT_EQ(Surfaces("2-1")[0][1], " 600 ");
+    EXPECT_EQ(Surfaces("2-1")[0][2], " 15 ");
+}
+
+}  // namespace
+}  // namespace solvane
