@@ -25,6 +25,7 @@
 #include "app/help_viewer.h"
 #include "app/isometric.h"
 #include "app/picture_output.h"
+#include "app/winareasel.h"
 
 namespace solvane {
 
@@ -121,6 +122,8 @@ DrawFormScreen::DrawFormScreen(
     ConnectCanvas();
 
     isometric_ = new IsometricScreen(prompt_, QDir::homePath(), this);
+    sizerController_ = std::make_unique<WindowSizerController>(session_, prompt_);
+    sizer_ = new WinAreaSelScreen(*sizerController_, this);
     resize(1280, 900);
 }
 
@@ -202,6 +205,8 @@ QWidget* DrawFormScreen::BuildTools() {
     button("Dwg_Scale", "Drawing Scale", "Set the grid from the width of the sheet",
            [&c] { c.DrawingScale(); });
     row->addStretch(1);
+    connect(AddButton(row, "WinSizer", "Window Sizer"), &QPushButton::clicked, this,
+            [this] { sizer_->Open(); });
     connect(AddButton(row, "View3D", "3D View"), &QPushButton::clicked, this,
             [this] { OpenView3D(); });
     return bar;
@@ -399,6 +404,7 @@ void DrawFormScreen::Act(const Navigation& nav) {
     ShowFields();
     if (nav.show == Screen::None && !nav.endProgram) return;
     isometric_->hide();
+    sizer_->hide();
     hide();
     navigate_(nav);
 }

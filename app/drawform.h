@@ -8,6 +8,7 @@
 
 #include "app/image_canvas.h"
 #include "sketch/draw_form.h"
+#include "sketch/window_sizer.h"
 
 class QLabel;
 
@@ -17,6 +18,7 @@ class CanvasView;
 class FieldEdits;
 class HelpViewer;
 class IsometricScreen;
+class WinAreaSelScreen;
 
 class DrawFormScreen : public QMainWindow {
     Q_OBJECT
@@ -34,6 +36,7 @@ class DrawFormScreen : public QMainWindow {
     ImageCanvas& canvas() { return canvas_; }
     CanvasView* view() { return view_; }
     IsometricScreen* isometric() { return isometric_; }
+    WinAreaSelScreen* windowSizer() { return sizer_; }
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -61,6 +64,8 @@ class DrawFormScreen : public QMainWindow {
     FieldEdits* edits_ = nullptr;
     QLabel* cellInfo_ = nullptr;
     IsometricScreen* isometric_ = nullptr;
+    std::unique_ptr<WindowSizerController> sizerController_;
+    WinAreaSelScreen* sizer_ = nullptr;
     HelpViewer* help_ = nullptr;
 };
 

@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QTableWidget>
 #include <QTest>
 #include <filesystem>
 
@@ -16,6 +17,8 @@
 #include "app/isometric.h"
 #include "app/mainform.h"
 #include "app/mainmenu.h"
+#include "app/winareasel.h"
+#include "app/zonename.h"
 #include "sketch/sheet_drawing.h"
 #include "ui/scripted_prompt.h"
 
@@ -185,6 +188,83 @@ TEST_F(DrawFormScreenTest, TheCloseBoxAsksAndDoneReturnsToTheHub) {
     EXPECT_EQ(prompt_.asked.back().title, "Building plan not drawn.");
     EXPECT_FALSE(form->isVisible());
     EXPECT_TRUE(shell_->mainmenu()->isVisible());
+}
+
+TEST_F(DrawFormScreenTest, WindowSizerOpensFromTheSketchAndKeepsItsFigures) {
+    DrawFormScreen* form = OpenSketch();
+    auto& model = shell_->session().model;
+    model.flags.WindowSizerFresh = 1;
+    Find<QAbstractButton>(form, "WinSizer")->click();
+    QDialog* sizer = form->windowSizer();
+    ASSERT_TRUE(sizer->isVisible());
+    EXPECT_EQ(Find<QLineEdit>(sizer, "WinAr_0")->text(), "40");
+    EXPECT_EQ(Find<QLabel>(sizer, "ElevName_4")->text(), "Skylight");
+
+    auto* pf = Find<QLineEdit>(sizer, "PF1_1");
+    pf->selectAll();
+    QTest::keyClicks(pf, "a.7");  // letters are refused
+    EXPECT_EQ(pf->text(), ".7");
+    QFocusEvent out(QEvent::FocusOut);
+    QApplication::sendEvent(pf, &out);
+    EXPECT_FLOAT_EQ(model.sizer.PFFirstWork[1], 0.7f);
+    auto* south = Find<QLineEdit>(sizer, "WinAr_2");
+    south->selectAll();
+    QTest::keyClicks(south, "35");
+
+    prompt_.Queue(Answer::Ok);
+    Find<QAbstractButton>(sizer, "SaveExit")->click();
+    EXPECT_FALSE(sizer->isVisible());
+    EXPECT_EQ(model.sizer.WindowSizerApplied, 1);
+    EXPECT_EQ(model.sizer.WindowPercent[2], 35);
+    EXPECT_FLOAT_EQ(model.sizer.OverhangFirst[7][1], 0.7f);
+
+    // Escape is Cancel: the sizer is out of force, the saved figures stay.
+    Find<QAbstractButton>(form, "WinSizer")->click();
+    EXPECT_EQ(Find<QLineEdit>(sizer, "WinAr_2")->text(), "35");
+    QTest::keyClick(sizer, Qt::Key_Escape);
+    EXPECT_FALSE(sizer->isVisible());
+    EXPECT_EQ(model.sizer.WindowSizerApplied, 0);
+    EXPECT_EQ(model.sizer.WindowPercent[2], 35);
+}
+
+TEST(ZoneNameScreen, ListsTheZonesAndOpensThePickedOne) {
+    Session session;
+    ScriptedPrompt prompt;
+    ZoneState& zs = session.model.zones;
+    zs.NumZones = 2;
+    zs.ZoneNumber[1] = "1-1";
+    zs.ZoneName[1] = "Lobby";
+    zs.ZoneNumber[2] = "2-3";
+    zs.ZoneName[2] = "Offices";
+    ZoneNameController controller(session, prompt);
+    Navigation last;
+    ZoneNameScreen screen(
+        controller, [&](const Navigation& nav) { last = nav; }, nullptr);
+    ASSERT_TRUE(screen.Open());
+    auto* list = screen.findChild<QTableWidget*>("MSFlexGrid1");
+    ASSERT_EQ(list->rowCount(), 2);
+    EXPECT_EQ(list->horizontalHeaderItem(0)->text(), "Zone Number");
+    EXPECT_EQ(list->item(1, 1)->text(), "Offices");
+    EXPECT_EQ(list->item(1, 2)->text(), "2");
+
+    list->setCurrentCell(1, 0);
+    screen.findChild<QAbstractButton*>("OK")->click();
+    EXPECT_EQ(last.show, Screen::ZoneForm);
+    EXPECT_EQ(controller.PickedZone, 2);
+    EXPECT_EQ(controller.PickedLevel, 2);
+
+    // Escape is back: unopened zones are warned about, No stays.
+    ASSERT_TRUE(screen.Open());
+    last = {};
+    prompt.Queue(Answer::No);
+    QTest::keyClick(&screen, Qt::Key_Escape);
+    EXPECT_EQ(prompt.asked.back().title, "Warning");
+    EXPECT_TRUE(screen.isVisible());
+    EXPECT_EQ(last.show, Screen::None);
+    prompt.Queue(Answer::Yes);
+    QTest::keyClick(&screen, Qt::Key_Escape);
+    EXPECT_FALSE(screen.isVisible());
+    EXPECT_EQ(last.show, Screen::MainMenu);
 }
 
 }  // namespace
