@@ -307,7 +307,8 @@ void DrawFormController::EraseDrawing() {
         "Remove this Floor?  Building Height would be Reduced by one story!", Buttons::YesNoCancel,
         Icon::Question);
     if (a == Answer::Cancel) return;
-    if (a == Answer::Yes) {
+    // The only level is not removed: a drawing keeps its first level, erased.
+    if (a == Answer::Yes && sk.TopFloor > 1) {
         RemoveLevel();
         ShowSelected();
         return;

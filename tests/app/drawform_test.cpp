@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -17,6 +18,7 @@
 #include "app/isometric.h"
 #include "app/mainform.h"
 #include "app/mainmenu.h"
+#include "app/picture_output.h"
 #include "app/winareasel.h"
 #include "app/zonename.h"
 #include "sketch/sheet_drawing.h"
@@ -225,6 +227,28 @@ TEST_F(DrawFormScreenTest, WindowSizerOpensFromTheSketchAndKeepsItsFigures) {
     EXPECT_FALSE(sizer->isVisible());
     EXPECT_EQ(model.sizer.WindowSizerApplied, 0);
     EXPECT_EQ(model.sizer.WindowPercent[2], 35);
+}
+
+TEST_F(DrawFormScreenTest, TheSheetIsSavedAsAPictureAndPrintedToPdf) {
+    DrawFormScreen* form = OpenSketch();
+    Drag(form, 100, 100, 400, 300);
+    const QImage& sheet = form->canvas().image();
+    const QString jpg = QString::fromStdString((root_ / "sheet.jpg").string());
+    ASSERT_TRUE(WriteJpeg(sheet, jpg));
+    const QImage back(jpg);
+    EXPECT_EQ(back.width(), sheet.width());
+    EXPECT_EQ(back.height(), sheet.height());
+    // Zone 1 is black; JPEG keeps it close.
+    const int s = form->canvas().pixelsPerUnit();
+    EXPECT_LT(qGray(back.pixel((100 + 250) * s, (600 - 205) * s)), 40);
+    EXPECT_GT(qGray(back.pixel((100 + 600) * s, (600 - 505) * s)), 200);
+
+    const QString pdf = QString::fromStdString((root_ / "sheet.pdf").string());
+    ASSERT_TRUE(WritePdf(sheet, pdf, "Building Sketch"));
+    QFile file(pdf);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(file.read(5).startsWith("%PDF-"));
+    EXPECT_FALSE(WriteJpeg(sheet, QString::fromStdString((root_ / "no" / "x.jpg").string())));
 }
 
 TEST(ZoneNameScreen, ListsTheZonesAndOpensThePickedOne) {

@@ -205,6 +205,47 @@ TEST_F(DrawFormTest, FloorsPerLevelAndNewLevelsCopiedFromBelow) {
     EXPECT_EQ(sk.TopFloor, 2);
 }
 
+TEST_F(DrawFormTest, ErasingALevelRemovesItOrClearsItsDrawing) {
+    Drag(100, 100, 200, 200);
+    prompt_.Queue(Answer::Yes);
+    form_->LevelUp();
+    PickZone(2);
+    Drag(300, 300, 400, 400);
+    const SketchState& sk = session_.model.sketch;
+
+    // No: the drawing of level 2 goes, the level stays.
+    prompt_.Queue(Answer::Yes);
+    prompt_.Queue(Answer::No);
+    form_->EraseDrawing();
+    EXPECT_EQ(prompt_.asked.back().title,
+              "Remove this Floor?  Building Height would be Reduced by one story!");
+    EXPECT_EQ(sk.TopFloor, 2);
+    EXPECT_EQ(sk.CurrentLevel, 2);
+    EXPECT_EQ(CountCells(1) + CountCells(2), 0);
+    EXPECT_EQ(session_.model.BuildingFloorAreaEntered, 400);
+
+    // Yes: the level goes and the drawing is loaded again at level 1.
+    Drag(300, 300, 400, 400);
+    prompt_.Queue(Answer::Yes);
+    prompt_.Queue(Answer::Yes);
+    form_->EraseDrawing();
+    EXPECT_EQ(sk.TopFloor, 1);
+    EXPECT_EQ(sk.CurrentLevel, 1);
+    EXPECT_EQ(CountCells(1), 100);
+    EXPECT_EQ(session_.model.BuildingFloorAreaEntered, 400);
+
+    // The only level is cleared, not removed; No to the first question keeps it.
+    prompt_.Queue(Answer::No);
+    form_->EraseDrawing();
+    EXPECT_EQ(CountCells(1), 100);
+    prompt_.Queue(Answer::Yes);
+    prompt_.Queue(Answer::Yes);
+    form_->EraseDrawing();
+    EXPECT_EQ(sk.TopFloor, 1);
+    EXPECT_EQ(CountCells(1), 0);
+    EXPECT_EQ(session_.model.BuildingFloorAreaEntered, 0);
+}
+
 TEST_F(DrawFormTest, AnUpperLevelShowsTheLevelBelowInGreyReadAsEmpty) {
     Drag(100, 100, 200, 200);
     prompt_.Queue(Answer::Yes);
