@@ -281,6 +281,8 @@ Navigation MainMenuController::Sketch() {
     m.flags.TaskDone[4] = 1;
     m.flags.SketchInfoChanged = 0;
     m.flags.ZoneChangedAfterSketch = 0;
+    // Every zone is to be opened again after the sketch.
+    for (int z = 1; z <= 99; ++z) m.zones.ZoneDescribed[z] = m.zones.ZoneVisited[z] = 0;
     if (m.flags.SketchVisits == 0 && m.flags.ProjectFromFile == 0) {
         std::error_code ec;
         std::filesystem::copy_file(session_.paths.Resolve("sketch\\bld_mtx9.000"),

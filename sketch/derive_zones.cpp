@@ -30,10 +30,11 @@ struct SideScan {
     int ldi, ldj;  // second diagonal
 };
 constexpr SideScan kSides[5] = {
-    {0, 0, 0, 0, 0, 0},     {-1, 0, -1, -1, -1, 1},  // north: up; up-left; up-right
-    {0, 1, -1, 1, 1, 1},                             // east: right; up-right; down-right
-    {1, 0, 1, 1, 1, -1},                             // south: down; down-right; down-left
-    {0, -1, 1, -1, -1, -1},                          // west: left; down-left; up-left
+    {0, 0, 0, 0, 0, 0},      // sides count from 1
+    {-1, 0, -1, -1, -1, 1},  // north: up; up-left; up-right
+    {0, 1, -1, 1, 1, 1},     // east: right; up-right; down-right
+    {1, 0, 1, 1, 1, -1},     // south: down; down-right; down-left
+    {0, -1, 1, -1, -1, -1},  // west: left; down-left; up-left
 };
 
 bool InGrid(int i, int j) {
@@ -524,6 +525,7 @@ bool DeriveZones(Session& session, SketchScreen& screen, Prompt& prompt) {
     m.BuildingFloorArea = derived.buildingFloorArea;
     m.BuildingFloorAreaEntered = RoundOff(m.BuildingFloorArea, 0);
     sk.RotationText = rotationText;
+    m.BuildingOrientation = rotationText;  // what the project information shows after a re-sketch
 
     // The level on screen holds the figures of the last level read.
     const int current = sk.CurrentLevel;

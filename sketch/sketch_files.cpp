@@ -9,7 +9,6 @@
 #include "core/text_cuts.h"
 #include "core/text_file.h"
 #include "sketch/matrix_file.h"
-#include "sketch/zone_names.h"
 
 namespace solvane {
 
@@ -154,6 +153,16 @@ class MatrixSplitter {
     std::vector<std::string> block_;
 };
 
+// A zone line's label place and rectangle.
+void TakeZoneLine(SketchScreen& sc, int level, int z, const ZoneLineFields& f) {
+    sc.ZoneLabelX[level][z] = static_cast<std::int16_t>(f.labelX);
+    sc.ZoneLabelY[level][z] = static_cast<std::int16_t>(f.labelY);
+    sc.ZoneRectLeft[level][z] = f.left;
+    sc.ZoneRectTop[level][z] = f.top;
+    sc.ZoneRectRight[level][z] = f.right;
+    sc.ZoneRectBottom[level][z] = f.bottom;
+}
+
 // The floor areas and the zones' labels and rectangles of every level, from
 // the head lines of the level files.
 bool ReadLevelHeads(SketchContext& ctx) {
@@ -171,13 +180,7 @@ bool ReadLevelHeads(SketchContext& ctx) {
             if (!IsZoneLine(line)) continue;
             const int z = ZoneLineNumber(line);
             if (z < 1 || z > kLevelZones) continue;
-            const ZoneLineFields f = ReadZoneLine(line);
-            sc.ZoneLabelX[level][z] = static_cast<std::int16_t>(f.labelX);
-            sc.ZoneLabelY[level][z] = static_cast<std::int16_t>(f.labelY);
-            sc.ZoneRectLeft[level][z] = f.left;
-            sc.ZoneRectTop[level][z] = f.top;
-            sc.ZoneRectRight[level][z] = f.right;
-            sc.ZoneRectBottom[level][z] = f.bottom;
+            TakeZoneLine(sc, level, z, ReadZoneLine(line));
         }
     }
     m.BuildingFloorArea = m.BuildingFloorAreaEntered;
@@ -191,23 +194,6 @@ std::string ZoneAreaText(const SketchScreen& sc) {
 }
 
 }  // namespace
-
-void EnterSketch(Session& session, ScreenFields& zonename) {
-    ProjectModel& m = session.model;
-    m.flags.TaskDone[4] = 1;
-    m.flags.SketchInfoChanged = 0;
-    m.flags.ZoneChangedAfterSketch = 0;
-    ClearZoneList(zonename, 1);
-    for (int z = 1; z <= 99; ++z) m.zones.ZoneDescribed[z] = m.zones.ZoneVisited[z] = 0;
-    if (m.flags.SketchVisits == 0 && m.flags.ProjectFromFile == 0) {
-        std::error_code ec;
-        std::filesystem::copy_file(session.paths.Resolve(kMatrixTemplateFile),
-                                   session.paths.Resolve(kMatrixAllFile),
-                                   std::filesystem::copy_options::overwrite_existing, ec);
-        m.sketch.FreshMatrix = 1;
-    }
-    ++m.flags.SketchVisits;
-}
 
 bool LoadSketchFiles(SketchContext& ctx) {
     ProjectModel& m = ctx.session.model;
@@ -306,12 +292,7 @@ bool ShowLevel(SketchContext& ctx, int level) {
             if (z < 1 || z > kLevelZones) continue;
             const ZoneLineFields f = ReadZoneLine(line);
             sc.ZoneNameBox(z).text = f.name;
-            sc.ZoneLabelX[level][z] = static_cast<std::int16_t>(f.labelX);
-            sc.ZoneLabelY[level][z] = static_cast<std::int16_t>(f.labelY);
-            sc.ZoneRectLeft[level][z] = f.left;
-            sc.ZoneRectTop[level][z] = f.top;
-            sc.ZoneRectRight[level][z] = f.right;
-            sc.ZoneRectBottom[level][z] = f.bottom;
+            TakeZoneLine(sc, level, z, f);
             sk.LevelCeilingHt[level] = f.ceilingHt;
         } else if (row >= 1) {
             const std::size_t width = std::min<std::size_t>(line.size(), kSketchCols);

@@ -29,12 +29,6 @@ inline constexpr const char* kSketchFailureText =
     "project file.";
 inline constexpr const char* kSketchFailureTitle = "Unknown graphics error number.";
 
-// The sketch command of the hub: marks the sketch task done, clears the zone
-// list of `zonename` (MSFlexGrid1 rows 1..99) and the zones'
-// described and visited marks, copies the empty template over bld_mtx.all
-// for a new project's first visit (FreshMatrix), and counts the visit.
-void EnterSketch(Session& session, ScreenFields& zonename);
-
 // Runs each time the sketch screen loads: splits bld_mtx.all into the level
 // files (adding the zone lines 11..25 of old drawings, widening old narrow
 // grids, giving a new SI drawing grid 1 and room height 3.5), fills the
