@@ -17,6 +17,8 @@ namespace solvane {
 
 namespace {
 
+constexpr const char* kCornerNames[] = {"north-west", "north-east", "south-west", "south-east"};
+
 QSlider* AddSlider(QBoxLayout* layout, const QString& name, const QString& caption, int min,
                    int max, int value) {
     layout->addWidget(new QLabel(caption));
@@ -46,6 +48,8 @@ IsometricScreen::IsometricScreen(Prompt& prompt, QString folder, QWidget* parent
     const char* corners[] = {"UL", "UR", "LL", "LR"};
     for (int i = 0; i < 4; ++i) {
         QPushButton* b = AddButton(top, QString("View_%1").arg(i), corners[i]);
+        b->setCheckable(true);
+        b->setToolTip(QString("The %1 corner of the plan nearest").arg(kCornerNames[i]));
         connect(b, &QPushButton::clicked, this, [this, i] {
             controller_->View(i);
             ShowFields();
@@ -111,6 +115,11 @@ void IsometricScreen::Adjust() {
 
 void IsometricScreen::ShowFields() {
     ApplyFields(this, controller_->fields);
+    // The button of the corner in view: UL shows corner 3, UR 4, LL 2, LR 1.
+    const int corner = controller_->projection().ViewCorner;
+    const int shown[] = {3, 4, 2, 1};
+    for (int i = 0; i < 4; ++i)
+        findChild<QPushButton*>(QString("View_%1").arg(i))->setChecked(shown[i] == corner);
     view_->update();
 }
 

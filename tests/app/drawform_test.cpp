@@ -163,7 +163,9 @@ TEST_F(DrawFormScreenTest, FloorsOnLevelsOneAndTwoAndThe3DView) {
     IsometricScreen* iso = form->isometric();
     ASSERT_TRUE(iso->isVisible());
     for (int button = 0; button < 4; ++button) {
-        Find<QAbstractButton>(iso, ("View_" + std::to_string(button)).c_str())->click();
+        auto* corner = Find<QAbstractButton>(iso, ("View_" + std::to_string(button)).c_str());
+        corner->click();
+        EXPECT_TRUE(corner->isChecked());
         int zoneColour = 0;
         const QImage& image = iso->canvas().image();
         for (int y = 0; y < image.height(); y += 2)
