@@ -246,6 +246,10 @@ QWidget* DrawFormScreen::BuildSidePanel() {
     AddLabel(bv, 3, 0, "Stories");
     AddLabel(bv, 4, 0, "BldgArea");
     AddLabel(bv, 5, 0, "zone_area");
+    auto* selected = new QLabel;
+    selected->setObjectName("SelectedZone");
+    selected->setWordWrap(true);
+    bv->addWidget(selected, 6, 0, 1, 2);
     col->addWidget(bldg);
     col->addStretch(1);
 

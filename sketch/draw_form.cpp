@@ -636,7 +636,8 @@ void DrawFormController::ShowSelected() {
     fields["zone_area"].text = "Zn area=" + StrForm(RoundOff(sc.ZoneSketchArea[z], 1));
     fields["BldgArea"].text =
         "BldArea=" + StrForm(RoundOff(session_.model.BuildingFloorAreaEntered, 0));
-    fields["Stories"].text = "Stories=" + StrForm(sk.Stories);
+    fields["Stories"].text =
+        "Stories=" + StrForm(sk.Stories) + " (" + NumText(sk.LevelFloors[sk.CurrentLevel]) + ")";
     fields["Level"].text = "Level= " + std::to_string(sk.CurrentLevel);
     fields["num_floors"].text = NumText(sk.LevelFloors[sk.CurrentLevel]);
     fields["ceiling_ht"].text = NumText(sk.LevelCeilingHt[sk.CurrentLevel]);

@@ -45,7 +45,8 @@ enum class MouseButton { Left, Right, Middle };
 
 // Fields: `gridsize`, `Rotation`, `num_floors`, `ceiling_ht`, `Level`,
 // `Stories`, `BldgArea`, `zone_area`, `Coordinates_0`, `Coordinates_1`,
-// `znname_0` .. `znname_24`, `draw_unit`, `CellInfo` (the status line).
+// `znname_0` .. `znname_24`, `draw_unit`, `CellInfo` (the status line) and
+// `SelectedZone` (the zone being drawn).
 class DrawFormController {
   public:
     DrawFormController(Session& session, Canvas& canvas, Prompt& prompt);
