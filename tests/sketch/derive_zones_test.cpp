@@ -246,6 +246,11 @@ TEST_F(DeriveZonesTest, LevelOnScreenKeepsTheTopLevelsFigures) {
 
 TEST_F(DeriveZonesTest, BoundsAreToldAndNothingChanges) {
     session.model.zones.NumZones = 7;
+    // Nothing drawn: the zone lists are emptied, the zones kept.
+    folder.Write(kZoneNameFile, "1-1  old\r\n99\r\n");
+    ASSERT_TRUE(DeriveZones(session, screen, prompt));
+    EXPECT_TRUE(ReadLines(kZoneNameFile).empty());
+    EXPECT_EQ(session.model.zones.NumZones, 7);
 
     // A checkerboard: every cell edge faces outside, far beyond 3300 pieces.
     std::vector<std::string> board(60, std::string(90, '0'));

@@ -230,9 +230,15 @@ TEST_F(SketchFiles, ScanReadsTheCellsBackFromTheCanvas) {
     EXPECT_EQ(session.model.BuildingFloorAreaEntered, 480.0f);
     EXPECT_EQ(screen.fields.Text("BldgArea"), "BldArea= 480");
 
-    // Scanning again doesn't count the level twice.
+    // Scanning again doesn't count the level twice. Once the user has clicked
+    // the sheet, a zone left with no cells gets its default name back.
+    screen.SheetClicked = true;
+    screen.ZoneNameBox(5).text = "Gone";
+    screen.ZoneLabelX[1][5] = 120;
     ScanLevel(ctx);
     EXPECT_EQ(session.model.BuildingFloorAreaEntered, 480.0f);
+    EXPECT_EQ(screen.ZoneNameText(5), " Zone 1-5");
+    EXPECT_EQ(screen.ZoneLabelX[1][5], 0);
 }
 
 TEST_F(SketchFiles, LevelsSurviveWriteShowAndJoin) {
@@ -246,9 +252,12 @@ TEST_F(SketchFiles, LevelsSurviveWriteShowAndJoin) {
     ASSERT_TRUE(LoadSketchFiles(ctx));
     EXPECT_EQ(screen.ZoneSketchArea[1], 32.0f);
 
-    // Name a zone, go up a level and back: the name and the cells come back.
+    // Name a zone, go up a level and back: the name and the cells come back;
+    // a zone without cells loses its rectangle.
     screen.ZoneNameBox(1).text = "Lobby";
+    screen.ZoneRectRight[1][7] = 300;
     ASSERT_TRUE(WriteLevelFile(ctx));
+    EXPECT_EQ(screen.ZoneRectRight[1][7], 0.0f);
     ASSERT_TRUE(ShowLevel(ctx, 2));
     EXPECT_EQ(screen.ZoneNameText(1), " Zone 2-1");
     EXPECT_EQ(session.model.sketch.LevelCeilingHt[2], 9.0f);
