@@ -15,6 +15,7 @@
 #include "app/app_shell.h"
 #include "app/canvas_view.h"
 #include "app/drawform.h"
+#include "app/image_canvas.h"
 #include "app/isometric.h"
 #include "app/mainform.h"
 #include "app/mainmenu.h"
@@ -66,6 +67,7 @@ class DrawFormScreenTest : public ::testing::Test {
     }
     // The widget point of a sheet point.
     static QPoint At(DrawFormScreen* form, double x, double y) {
+        QApplication::processEvents();  // pending layout changes first
         return form->view()->ToWidget(QPointF(x + 100, 600 - y)).toPoint();
     }
     static void Drag(DrawFormScreen* form, double x1, double y1, double x2, double y2) {
@@ -140,6 +142,21 @@ TEST_F(DrawFormScreenTest, MouseStrokesDrawZonesIntoTheMatrix) {
     EXPECT_EQ(CountCells(1), 100);
     EXPECT_EQ(CountCells(2), 45);
     EXPECT_EQ(Find<QLabel>(form, "BldgArea")->text(), "BldArea= 580");
+}
+
+TEST_F(DrawFormScreenTest, NamesPrintedOnTheSheetDoNotChangeTheCellsRead) {
+    DrawFormScreen* form = OpenSketch();
+    // Descenders and capitals in a long name, on boxes of every height.
+    auto* name = Find<QLineEdit>(form, "znname_0");
+    name->selectAll();
+    QTest::keyClicks(name, "Gypsy Jpq Query yyy");
+    for (int rows = 1; rows <= 4; ++rows) {
+        const double x = 20 + 100 * (rows - 1);
+        Drag(form, x, 100, x + 90, 100 + 10 * rows);
+    }
+    EXPECT_EQ(CountCells(1), 9 * (1 + 2 + 3 + 4));
+    Find<QAbstractButton>(form, "Refresh_grid")->click();
+    EXPECT_EQ(CountCells(1), 9 * (1 + 2 + 3 + 4));
 }
 
 TEST_F(DrawFormScreenTest, FloorsOnLevelsOneAndTwoAndThe3DView) {
@@ -251,6 +268,33 @@ TEST_F(DrawFormScreenTest, TheSheetIsSavedAsAPictureAndPrintedToPdf) {
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
     EXPECT_TRUE(file.read(5).startsWith("%PDF-"));
     EXPECT_FALSE(WriteJpeg(sheet, QString::fromStdString((root_ / "no" / "x.jpg").string())));
+}
+
+TEST(ImageCanvas, ReadsBackWhatWasDrawnAtTwoPixelsAUnit) {
+    ImageCanvas canvas(100, 50, 2);
+    EXPECT_EQ(canvas.image().width(), 200);
+    EXPECT_EQ(canvas.image().deviceIndependentSize().toSize(), QSize(100, 50));
+    canvas.FillBox(19, 19, 10, 10, 0xFF0000);
+    EXPECT_EQ(canvas.ColorAt(10, 10), 0xFF0000u);
+    EXPECT_EQ(canvas.ColorAt(19, 19), 0xFF0000u);
+    EXPECT_EQ(canvas.ColorAt(20, 19), 0xFFFFFFu);
+    // Every device pixel of a unit has its colour.
+    EXPECT_EQ(canvas.image().pixel(39, 39) & 0xFFFFFF, 0xFF0000u);
+    canvas.Line(0, 30, 99, 30, 0x0000FF);
+    EXPECT_EQ(canvas.ColorAt(0, 30), 0x0000FFu);
+    EXPECT_EQ(canvas.ColorAt(99, 30), 0x0000FFu);
+    EXPECT_EQ(canvas.ColorAt(50, 31), 0xFFFFFFu);
+    EXPECT_EQ(canvas.ColorAt(100, 0), 0xFFFFFFFFu);  // outside
+
+    // Text keeps to its band: descenders never reach the rows below it.
+    canvas.Clear(0xFFFFFF);
+    canvas.Text(0, 40, "gjpqy Gypsy", 5, 0x000000);
+    int inked = 0;
+    for (int x = 0; x < 100; ++x) {
+        for (int y = 40; y < 47; ++y) inked += canvas.ColorAt(x, y) != 0xFFFFFF;
+        EXPECT_EQ(canvas.ColorAt(x, 47), 0xFFFFFFu) << x;
+    }
+    EXPECT_GT(inked, 20);
 }
 
 TEST(ZoneNameScreen, ListsTheZonesAndOpensThePickedOne) {
