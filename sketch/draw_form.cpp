@@ -466,6 +466,22 @@ void DrawFormController::RotationLeave() {
     // The arrow's corner of the sheet is cleared and drawn again.
     SheetFillBox(canvas_, -84, 100, -1, 20, kWhite);
     DrawNorthArrow(canvas_, sk.Rotation);
+    // The building's rotation is read from level 1 when that level is shown
+    // again: a turn made on another level goes into level 1's file now.
+    if (sk.CurrentLevel > 1) KeepRotationOnLevelOne();
+}
+
+void DrawFormController::KeepRotationOnLevelOne() {
+    const auto file = LevelFilePath(session_.paths, 1);
+    const auto text = ReadTextFile(file);
+    std::vector<std::string> lines = text ? SplitLines(*text) : std::vector<std::string>{};
+    if (lines.size() < 2) return;
+    lines[1] = MatrixHeaderLine(2, session_.model.sketch.Rotation);
+    LineWriter out;
+    for (const std::string& line : lines) out.Line(line);
+    if (!WriteFileAtomic(file, out.Str()))
+        prompt_.Ask("The level file " + file.string() + " could not be written.", "Building Sketch",
+                    Buttons::Ok, Icon::Exclamation);
 }
 
 void DrawFormController::DrawingScale() {

@@ -124,6 +124,7 @@ class DrawFormController {
     void RemoveLevel();
     bool AddLevel();
     bool JoinTo(const std::string& file);
+    void KeepRotationOnLevelOne();
     SketchContext Context();
 
     void TellCell(double x, double y);

@@ -299,6 +299,18 @@ TEST_F(DrawFormTest, DrawingScaleAndRotation) {
     EXPECT_EQ(session_.model.sketch.Rotation, 270);
     EXPECT_EQ(Text("Rotation"), "270");
     EXPECT_EQ(form_->FacingIndex, 3);
+
+    // A turn made on level 2 holds for the building when level 1 shows again.
+    prompt_.Queue(Answer::Yes);
+    form_->LevelUp();
+    form_->RotationFocus();
+    EXPECT_EQ(prompt_.asked.back().title, "Rotation Change");
+    form_->RotationEdited("30");
+    form_->RotationLeave();
+    form_->LevelDown();
+    EXPECT_EQ(session_.model.sketch.CurrentLevel, 1);
+    EXPECT_EQ(session_.model.sketch.Rotation, 30);
+    EXPECT_EQ(Text("Rotation"), "30");
 }
 
 TEST_F(DrawFormTest, ExitDerivesZonesOnlyWhenConfirmed) {
