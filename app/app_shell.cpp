@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "app/catalogs.h"
+#include "app/drawform.h"
 #include "app/economics.h"
 #include "app/file_forms.h"
 #include "app/mainform.h"
@@ -76,9 +77,16 @@ void AppShell::MakeScreens() {
     catalog_ = std::make_unique<CatalogScreen>(*catalogController_, session_.paths, navigate, hub);
     hvac_ = std::make_unique<HvacScreen>(*hvacController_, navigate, hub);
     zones_ = std::make_unique<ZoneScreens>(session_, prompt_, navigate, hub);
-    session_.availableScreens.insert(
-        {Screen::OldFileForm, Screen::SampleFileForm, Screen::SaveInputForm, Screen::Weather,
-         Screen::ProjectInfo, Screen::Economics, Screen::Catalog, Screen::Hvac, Screen::ZoneForm});
+    drawForm_ = std::make_unique<DrawFormScreen>(
+        session_, prompt_,
+        [this](Canvas& canvas) {
+            return std::make_unique<DrawFormController>(session_, canvas, prompt_);
+        },
+        navigate);
+    session_.availableScreens.insert({Screen::OldFileForm, Screen::SampleFileForm,
+                                      Screen::SaveInputForm, Screen::Weather, Screen::ProjectInfo,
+                                      Screen::Economics, Screen::Catalog, Screen::Hvac,
+                                      Screen::ZoneForm, Screen::DrawForm});
 }
 
 void AppShell::Start(const StartupEnvironment& env) {
@@ -148,6 +156,9 @@ void AppShell::Navigate(const Navigation& nav) {
             break;
         case Screen::ZoneForm:
             zones_->Open();
+            break;
+        case Screen::DrawForm:
+            drawForm_->Open();
             break;
         case Screen::Warning:
             warning_->Refresh();

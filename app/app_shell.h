@@ -31,6 +31,7 @@ class EconomicsScreen;
 class CatalogScreen;
 class HvacScreen;
 class ZoneScreens;
+class DrawFormScreen;
 
 class AppShell : public QObject {
     Q_OBJECT
@@ -57,6 +58,7 @@ class AppShell : public QObject {
     CatalogScreen* catalog() { return catalog_.get(); }
     HvacScreen* hvac() { return hvac_.get(); }
     ZoneScreens* zones() { return zones_.get(); }
+    DrawFormScreen* drawForm() { return drawForm_.get(); }
     bool ended() const { return ended_; }
 
   signals:
@@ -98,6 +100,7 @@ class AppShell : public QObject {
     std::unique_ptr<CatalogScreen> catalog_;
     std::unique_ptr<HvacScreen> hvac_;
     std::unique_ptr<ZoneScreens> zones_;
+    std::unique_ptr<DrawFormScreen> drawForm_;
     bool ended_ = false;
 };
 
