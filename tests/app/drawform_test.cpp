@@ -21,7 +21,6 @@
 #include "app/mainmenu.h"
 #include "app/picture_output.h"
 #include "app/winareasel.h"
-#include "app/zonename.h"
 #include "sketch/sheet_drawing.h"
 #include "ui/scripted_prompt.h"
 
@@ -295,46 +294,6 @@ TEST(ImageCanvas, ReadsBackWhatWasDrawnAtTwoPixelsAUnit) {
         EXPECT_EQ(canvas.ColorAt(x, 47), 0xFFFFFFu) << x;
     }
     EXPECT_GT(inked, 20);
-}
-
-TEST(ZoneNameScreen, ListsTheZonesAndOpensThePickedOne) {
-    Session session;
-    ScriptedPrompt prompt;
-    ZoneState& zs = session.model.zones;
-    zs.NumZones = 2;
-    zs.ZoneNumber[1] = "1-1";
-    zs.ZoneName[1] = "Lobby";
-    zs.ZoneNumber[2] = "2-3";
-    zs.ZoneName[2] = "Offices";
-    ZoneNameController controller(session, prompt);
-    Navigation last;
-    ZoneNameScreen screen(
-        controller, [&](const Navigation& nav) { last = nav; }, nullptr);
-    ASSERT_TRUE(screen.Open());
-    auto* list = screen.findChild<QTableWidget*>("MSFlexGrid1");
-    ASSERT_EQ(list->rowCount(), 2);
-    EXPECT_EQ(list->horizontalHeaderItem(0)->text(), "Zone Number");
-    EXPECT_EQ(list->item(1, 1)->text(), "Offices");
-    EXPECT_EQ(list->item(1, 2)->text(), "2");
-
-    list->setCurrentCell(1, 0);
-    screen.findChild<QAbstractButton*>("OK")->click();
-    EXPECT_EQ(last.show, Screen::ZoneForm);
-    EXPECT_EQ(controller.PickedZone, 2);
-    EXPECT_EQ(controller.PickedLevel, 2);
-
-    // Escape is back: unopened zones are warned about, No stays.
-    ASSERT_TRUE(screen.Open());
-    last = {};
-    prompt.Queue(Answer::No);
-    QTest::keyClick(&screen, Qt::Key_Escape);
-    EXPECT_EQ(prompt.asked.back().title, "Warning");
-    EXPECT_TRUE(screen.isVisible());
-    EXPECT_EQ(last.show, Screen::None);
-    prompt.Queue(Answer::Yes);
-    QTest::keyClick(&screen, Qt::Key_Escape);
-    EXPECT_FALSE(screen.isVisible());
-    EXPECT_EQ(last.show, Screen::MainMenu);
 }
 
 }  // namespace
