@@ -58,14 +58,15 @@ void WriteProjectFileToIP(const Session& session, LineWriter& out);
 // ---- reading -----------------------------------------------------------------
 
 enum class ReadStatus {
-    Read,        // the model holds the project
-    EndProgram,  // the file was damaged; the user has been told, the program must end
+    Read,     // the model holds the project
+    Damaged,  // the file was damaged; the user has been told, the model is incomplete
 };
 
 // Reads a whole project file into the model, stages each zone's surfaces in
 // \temp\temp<zone>.zon and the building matrix in \sketch\bld_mtx.all. Any
-// error in the file shows the "Surprise" prompt and gives EndProgram; the
-// model is then incomplete and nothing more may be written from it.
+// error in the file shows the "Surprise" prompt and gives Damaged; the model
+// is then incomplete, so callers read into a scratch session and keep it only
+// when the read succeeds.
 ReadStatus ReadProjectFile(Session& session, Prompt& prompt, std::string_view content,
                            const std::string& fileName, const ProjectFileHooks& hooks);
 

@@ -415,7 +415,7 @@ ReadStatus ReadProjectFile(Session& session, Prompt& prompt, std::string_view co
         return ReadStatus::Read;
     } catch (const std::exception& e) {
         prompt.Ask(SurpriseText(e.what()), "Surprise", Buttons::Ok, Icon::Exclamation);
-        return ReadStatus::EndProgram;
+        return ReadStatus::Damaged;
     }
 }
 

@@ -1,0 +1,69 @@
+// Everyday actions on the front screens, as a new user meets them: nothing
+// typed or opened is lost, no action leaves the program without a window.
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QListWidget>
+#include <fstream>
+
+#include "app/file_forms.h"
+#include "tests/app/app_fixture.h"
+
+namespace fs = std::filesystem;
+
+namespace solvane {
+namespace {
+
+class FrontScreens : public test::AppFixture {
+  protected:
+    // Opens the sample at `row` of the sample dialog.
+    void OpenSample(int row) {
+        Find<QAbstractButton>(shell_->mainmenu(), "Picture1")->click();
+        QWidget* samples = shell_->sampleFileForm();
+        Find<QListWidget>(samples, "File1")->setCurrentRow(row);
+        Find<QAbstractButton>(samples, "OK")->click();
+    }
+    // File -> Open with `path` typed in the name field and OK.
+    void OpenFile(const fs::path& path) {
+        prompt_.Queue(Answer::Yes);  // the unsaved-data warning, when it comes
+        Find<QAction>(shell_->mainmenu(), "retrieveitem")->trigger();
+        QWidget* open = shell_->oldFileForm();
+        Find<QLineEdit>(open, "retrievefile")->setText(QString::fromStdString(path.string()));
+        Find<QAbstractButton>(open, "OK")->click();
+    }
+    bool AnyWindowShown() const {
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (w->isVisible()) return true;
+        return false;
+    }
+};
+
+TEST_F(FrontScreens, OpeningAFileThatIsNotAProjectKeepsTheProjectInMemory) {
+    Begin();
+    OpenSample(0);
+    model().ProjectData[kProjName] = "Edited, not saved";
+    const fs::path staged = root_ / "sketch" / "bld_mtx.all";
+    ASSERT_TRUE(fs::exists(staged));
+    std::ifstream before(staged);
+    const std::string stagedBefore{std::istreambuf_iterator<char>(before), {}};
+
+    const fs::path notes = root_ / "notes.inp";
+    std::ofstream(notes) << "Shopping list\r\nmilk\r\n";
+    OpenFile(notes);
+
+    EXPECT_EQ(prompt_.asked.back().title, "Surprise");
+    EXPECT_FALSE(shell_->ended());
+    EXPECT_TRUE(AnyWindowShown());
+    EXPECT_EQ(model().ProjectData[kProjName], "Edited, not saved");
+    EXPECT_EQ(model().session.InputFileName.find("notes"), std::string::npos);
+    EXPECT_GT(model().zones.NumZones, 0);
+    std::ifstream after(staged);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(after), {}), stagedBefore);
+
+    // The open dialog is still there for another choice: Cancel goes home.
+    Find<QAbstractButton>(shell_->oldFileForm(), "Cancel")->click();
+    EXPECT_TRUE(shell_->mainmenu()->isVisible());
+}
+
+}  // namespace
+}  // namespace solvane
