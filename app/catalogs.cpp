@@ -105,6 +105,7 @@ CatalogScreen::CatalogScreen(CatalogController& controller, const ProgramPaths& 
     connect(AddButton(buttons, "Cancel", "Cancel"), &QPushButton::clicked, this,
             [this] { Act(controller_.Cancel()); });
     layout->addLayout(buttons);
+    EscapeIsCancel(this);
 }
 
 void CatalogScreen::Open(int kind) {
@@ -159,6 +160,7 @@ HvacScreen::HvacScreen(HvacController& controller, std::function<void(const Navi
     connect(AddButton(buttons, "Command2", "Close"), &QPushButton::clicked, this,
             [this] { Act(controller_.Close()); });
     layout->addLayout(buttons);
+    EscapeIsCancel(this, "Command2");
 }
 
 void HvacScreen::Open() {

@@ -121,6 +121,7 @@ EconomicsScreen::EconomicsScreen(EconomicsController& controller, DemandChargeCo
     connect(AddButton(buttons, "Cancel", "Cancel"), &QPushButton::clicked, this,
             [this] { Act(controller_.Cancel()); });
     layout->addLayout(buttons);
+    EscapeIsCancel(this);
 }
 
 void EconomicsScreen::Open() {

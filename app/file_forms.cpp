@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "app/file_lists.h"
+#include "app/form_helpers.h"
 
 namespace solvane {
 
@@ -60,6 +61,7 @@ OldFileFormScreen::OldFileFormScreen(OldFileFormController& controller, Navigate
         hide();
         navigate_(controller_.Cancel());
     });
+    EscapeIsCancel(this);
 }
 
 void OldFileFormScreen::Open(const std::string& folder) {
@@ -99,6 +101,7 @@ SampleFileFormScreen::SampleFileFormScreen(SampleFileFormController& controller,
         hide();
         navigate_(controller_.Cancel());
     });
+    EscapeIsCancel(this);
 }
 
 void SampleFileFormScreen::Open() {
@@ -149,6 +152,7 @@ SaveInputFormScreen::SaveInputFormScreen(Session& session, SaveInputFormControll
         hide();
         navigate_(controller_.Cancel());
     });
+    EscapeIsCancel(this);
 }
 
 void SaveInputFormScreen::Open(const std::string& folder) {

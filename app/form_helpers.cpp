@@ -1,7 +1,10 @@
 #include "app/form_helpers.h"
 
+#include <QAbstractButton>
 #include <QBoxLayout>
+#include <QDialog>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -33,6 +36,37 @@ QLabel* AddLabel(QGridLayout* grid, int row, int column, const QString& name,
     label->setObjectName(name);
     grid->addWidget(label, row, column);
     return label;
+}
+
+namespace {
+
+class CancelKeys : public QObject {
+  public:
+    CancelKeys(QDialog* dialog, const char* cancelName)
+        : QObject(dialog), dialog_(dialog), cancelName_(cancelName) {}
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (watched != dialog_) return false;
+        const bool escape = event->type() == QEvent::KeyPress &&
+                            static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+        if (!escape && event->type() != QEvent::Close) return false;
+        auto* cancel = dialog_->findChild<QAbstractButton*>(cancelName_);
+        if (!cancel || !dialog_->isVisible()) return false;
+        event->ignore();
+        cancel->click();
+        return true;
+    }
+
+  private:
+    QDialog* dialog_;
+    QString cancelName_;
+};
+
+}  // namespace
+
+void EscapeIsCancel(QDialog* dialog, const char* cancelName) {
+    dialog->installEventFilter(new CancelKeys(dialog, cancelName));
 }
 
 std::pair<std::string, int> SplitFieldName(const std::string& field) {

@@ -6,6 +6,7 @@
 #include <utility>
 
 class QBoxLayout;
+class QDialog;
 class QGridLayout;
 class QLabel;
 class QLineEdit;
@@ -22,6 +23,11 @@ QLineEdit* AddEdit(QGridLayout* grid, int row, int column, const QString& name, 
 QPushButton* AddButton(QBoxLayout* layout, const QString& name, const QString& caption);
 QLabel* AddLabel(QGridLayout* grid, int row, int column, const QString& name,
                  const QString& caption = {});
+
+// Escape and the window's close box act as the dialog's button `cancelName`
+// (found among its children when they come), so that leaving a screen always
+// goes where its Cancel goes.
+void EscapeIsCancel(QDialog* dialog, const char* cancelName = "Cancel");
 
 // "name_3" -> ("name", 3); the index is -1 when there is none.
 std::pair<std::string, int> SplitFieldName(const std::string& field);

@@ -80,6 +80,7 @@ ProjectInfoScreen::ProjectInfoScreen(ProjectInfoController& controller,
     connect(AddButton(buttons, "Cancel", "Cancel"), &QPushButton::clicked, this,
             [this] { Act(controller_.CancelProject()); });
     layout->addLayout(buttons);
+    EscapeIsCancel(this);
 
     auto* timer = new QTimer(this);
     timer->setObjectName("Timer1");

@@ -13,6 +13,7 @@
 
 #include "app/field_binding.h"
 #include "app/field_edits.h"
+#include "app/form_helpers.h"
 #include "core/numeric_helpers.h"
 
 namespace solvane {
@@ -208,6 +209,7 @@ WeatherDataScreen::WeatherDataScreen(WeatherScreen& controller,
         connect(button, &QPushButton::clicked, this, [this, a = b.action] { Act(a()); });
     }
     layout->addLayout(buttons);
+    EscapeIsCancel(this);
 
     connect(states_, &QComboBox::textActivated, this, [this](const QString& text) {
         controller_.ChooseState(text.toStdString());

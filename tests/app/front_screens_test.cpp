@@ -4,9 +4,12 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QTest>
 #include <fstream>
+#include <functional>
 
 #include "app/file_forms.h"
+#include "app/weather.h"
 #include "tests/app/app_fixture.h"
 
 namespace fs = std::filesystem;
@@ -63,6 +66,39 @@ TEST_F(FrontScreens, OpeningAFileThatIsNotAProjectKeepsTheProjectInMemory) {
     // The open dialog is still there for another choice: Cancel goes home.
     Find<QAbstractButton>(shell_->oldFileForm(), "Cancel")->click();
     EXPECT_TRUE(shell_->mainmenu()->isVisible());
+}
+
+// Escape and the close box are the Cancel of every dialog: the hub comes back.
+TEST_F(FrontScreens, EscapeAndTheCloseBoxOfADialogReturnToTheHub) {
+    Begin();
+    QWidget* hub = shell_->mainmenu();
+    const struct {
+        const char* opener;
+        std::function<QWidget*()> dialog;
+    } dialogs[] = {
+        {"retrieveitem", [this]() -> QWidget* { return shell_->oldFileForm(); }},
+        {"Picture1", [this]() -> QWidget* { return shell_->sampleFileForm(); }},
+        {"weatherdata", [this]() -> QWidget* { return shell_->weather(); }},
+    };
+    for (const auto& d : dialogs) {
+        for (const bool escape : {true, false}) {
+            SCOPED_TRACE(std::string(d.opener) + (escape ? " Escape" : " close box"));
+            if (auto* action = hub->findChild<QAction*>(d.opener))
+                action->trigger();
+            else
+                Find<QAbstractButton>(hub, d.opener)->click();
+            QWidget* dialog = d.dialog();
+            ASSERT_TRUE(dialog->isVisible());
+            ASSERT_FALSE(hub->isVisible());
+            if (escape)
+                QTest::keyClick(dialog, Qt::Key_Escape);
+            else
+                dialog->close();
+            EXPECT_FALSE(dialog->isVisible());
+            EXPECT_TRUE(hub->isVisible());
+        }
+    }
+    EXPECT_FALSE(shell_->ended());
 }
 
 }  // namespace
