@@ -143,27 +143,50 @@ void WeatherScreen::Activate() {
     if (index_.RegionSummary[1].empty()) FillRegionSummaries(index_);
     ShowRegionLines();
 
+    // A project with a location opens the screen on its own state and city.
+    TakeProjectLocation();
     fields["sttext"].text = CurrentState;
     fields["citytext"].text = CurrentCity;
     fields["Combo3"].text = CurrentCity;
-    for (int r = 1; r <= kRegions; ++r) {
-        bool found = false;
+    bool found = false;
+    for (int r = 1; r <= kRegions && !found; ++r) {
         for (int i = 1; i <= index_.RegionStateCount[r] && !found; ++i)
             found = index_.StateName[r][i] == CurrentState;
-        if (found) {
-            CurrentRegion = r;
-            break;
-        }
+        if (found) CurrentRegion = r;
     }
     CheckRegionOption();
-    if (CurrentRegion == 1) CurrentState = "Alabama";
-    if (CurrentRegion == 2) CurrentState = "Alberta";
+    // Only a state that is in no region falls back to the region's first one;
+    // a known state stays, so that OK keeps the project's location whole.
+    if (!found && CurrentRegion == 1) CurrentState = "Alabama";
+    if (!found && CurrentRegion == 2) CurrentState = "Alberta";
+    fields["Combo1"].text = fields["sttext"].text;
     LoadPictures();
 
     FillStateList();
     ListStateCities();
     LoadFieldsFromWeatherData();
     FindCityRecord();
+}
+
+void WeatherScreen::TakeProjectLocation() {
+    const std::string line = cuts::TrimRight(cuts::Left(model_.climate.WeatherData[2], 50));
+    const std::size_t comma = line.find(", ");
+    if (comma == std::string::npos) return;
+    // The state is followed by the station's marker: the longest state name
+    // of any region that the text after the comma begins with.
+    const std::string rest = line.substr(comma + 2);
+    std::string state;
+    for (int r = 1; r <= kRegions; ++r) {
+        for (int i = 1; i <= index_.RegionStateCount[r]; ++i) {
+            const std::string& name = index_.StateName[r][i];
+            const bool starts = rest.compare(0, name.size(), name) == 0 &&
+                                (rest.size() == name.size() || rest[name.size()] == ' ');
+            if (starts && name.size() > state.size()) state = name;
+        }
+    }
+    if (state.empty()) return;
+    CurrentState = state;
+    CurrentCity = line.substr(0, comma);
 }
 
 void WeatherScreen::LoadFieldsFromWeatherData() {

@@ -113,6 +113,8 @@ class WeatherScreen {
     void FillStateList();
     void ShowRegionLines();
     void CheckRegionOption();
+    // CurrentState and CurrentCity from the project's location line.
+    void TakeProjectLocation();
     void LoadFieldsFromWeatherData();
     std::string LocationText() const;
 

@@ -2,6 +2,7 @@
 // typed or opened is lost, no action leaves the program without a window.
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTest>
@@ -99,6 +100,25 @@ TEST_F(FrontScreens, EscapeAndTheCloseBoxOfADialogReturnToTheHub) {
         }
     }
     EXPECT_FALSE(shell_->ended());
+}
+
+TEST_F(FrontScreens, WeatherScreenOpensOnTheProjectsOwnStateAndCity) {
+    Begin();
+    OpenSample(1);  // the store in Miami, Florida
+    ASSERT_EQ(model().ProjectData[kLocation].rfind("Miami Intl AP, Florida", 0), 0u);
+    Find<QAbstractButton>(shell_->mainmenu(), "weatherdata")->click();
+    QWidget* weather = shell_->weather();
+    ASSERT_TRUE(weather->isVisible());
+    EXPECT_TRUE(Find<QRadioButton>(weather, "Option1_0")->isChecked());
+    EXPECT_EQ(Find<QLineEdit>(weather, "sttext")->text(), "Florida");
+    EXPECT_EQ(Find<QComboBox>(weather, "Combo1")->currentText(), "Florida");
+    EXPECT_EQ(Find<QLineEdit>(weather, "citytext")->text(), "Miami Intl AP");
+    EXPECT_EQ(Find<QComboBox>(weather, "Combo3")->currentText(), "Miami Intl AP");
+
+    Find<QAbstractButton>(weather, "OK")->click();
+    EXPECT_EQ(model().ProjectData[kLocation].rfind("Miami Intl AP, Florida ", 0), 0u)
+        << model().ProjectData[kLocation];
+    EXPECT_EQ(model().session.ClimateZone.rfind("1", 0), 0u) << model().session.ClimateZone;
 }
 
 }  // namespace
