@@ -10,6 +10,7 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+#include <string_view>
 
 #include "app/field_binding.h"
 #include "app/field_edits.h"
@@ -205,6 +206,10 @@ WeatherDataScreen::WeatherDataScreen(WeatherScreen& controller,
     for (const Button& b : list) {
         auto* button = new QPushButton(b.caption);
         button->setObjectName(b.name);
+        // Enter never writes the climate file: OK, which changes nothing on
+        // disk, is the one default button.
+        button->setAutoDefault(false);
+        button->setDefault(std::string_view(b.name) == "OK");
         buttons->addWidget(button);
         connect(button, &QPushButton::clicked, this, [this, a = b.action] { Act(a()); });
     }

@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QTest>
 #include <fstream>
 #include <functional>
@@ -119,6 +120,49 @@ TEST_F(FrontScreens, WeatherScreenOpensOnTheProjectsOwnStateAndCity) {
     EXPECT_EQ(model().ProjectData[kLocation].rfind("Miami Intl AP, Florida ", 0), 0u)
         << model().ProjectData[kLocation];
     EXPECT_EQ(model().session.ClimateZone.rfind("1", 0), 0u) << model().session.ClimateZone;
+}
+
+std::string FileText(const fs::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+
+// Enter in a cell of the weather screen never writes the shared climate
+// file, and a second station of the same name in a state is refused.
+TEST_F(FrontScreens, WeatherScreenWritesTheClimateFileOnlyOnADeliberateNewName) {
+    Begin();
+    Find<QAbstractButton>(shell_->mainmenu(), "weatherdata")->click();
+    QWidget* weather = shell_->weather();
+    ASSERT_TRUE(weather->isVisible());
+    const fs::path usa = root_ / "weather" / "Weth1-USA.asc";
+    const std::string before = FileText(usa);
+    ASSERT_FALSE(before.empty());
+
+    auto* cell = Find<QLineEdit>(weather, "dbave_1");
+    cell->setFocus();
+    QTest::keyClick(cell, Qt::Key_Return);
+    EXPECT_TRUE(FileText(usa) == before);
+    for (const auto& p : prompt_.asked) EXPECT_NE(p.title, "City added confirmation.");
+    EXPECT_TRUE(Find<QPushButton>(weather, "OK")->isDefault());
+    EXPECT_FALSE(Find<QPushButton>(weather, "savenew")->isDefault());
+
+    // An edited record under the name it already has is not added again.
+    if (!weather->isVisible()) Find<QAbstractButton>(shell_->mainmenu(), "weatherdata")->click();
+    auto* wmo = Find<QLineEdit>(weather, "WMO");
+    QTest::keyClicks(wmo, "9");
+    Find<QAbstractButton>(weather, "savenew")->click();
+    EXPECT_EQ(prompt_.asked.back().title, "Save As New");
+    EXPECT_TRUE(FileText(usa) == before);
+    EXPECT_TRUE(weather->isVisible());
+
+    // Under a new name it is added.
+    auto* city = Find<QLineEdit>(weather, "citytext");
+    city->setFocus();
+    city->end(false);
+    QTest::keyClicks(city, " North");
+    Find<QAbstractButton>(weather, "savenew")->click();
+    EXPECT_EQ(prompt_.asked.back().title, "City added confirmation.");
+    EXPECT_NE(FileText(usa).find("Albertville Muni AP North, Alabama"), std::string::npos);
 }
 
 }  // namespace
