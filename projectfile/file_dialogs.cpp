@@ -349,6 +349,18 @@ Navigation OpenProjectFromPath(Session& session, Prompt& prompt, const ProjectFi
 
     session.mainmenu.caption =
         "SOLVANE 2020 Project:... Energy Code = " + session.labels.CodeTitle[m.session.CodeNum];
+    // A file saved before its location was chosen has no climate zone: it
+    // opens, and the weather task is to be done again before anything that
+    // depends on the climate.
+    if (!NamesClimateZone(m.session.ClimateZone)) {
+        m.flags.TaskDone[2] = 0;
+        m.flags.LocationKnown = 0;
+        prompt.Ask(
+            "This project names no climate zone, so its location and its envelope "
+            "defaults are not known." +
+                std::string(CrLf) + "Please select its weather data again (task 2).",
+            "No climate zone", Buttons::Ok, Icon::Exclamation);
+    }
     prompt.Ask("Your Project is ready for review and/or Execution", retrievedTitle, Buttons::Ok,
                Icon::Information);
     return {Screen::MainMenu, true, false};

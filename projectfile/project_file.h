@@ -74,6 +74,9 @@ ReadStatus ReadProjectFile(Session& session, Prompt& prompt, std::string_view co
 // `InputFileName`. False when the file cannot be read.
 bool ReadHeadLine(ProjectModel& model);
 
+// Whether a climate zone text names one of the zones 1 to 8.
+bool NamesClimateZone(const std::string& climateZone);
+
 // The text of the "Surprise" prompt for a run-time error's own text.
 std::string SurpriseText(const std::string& errorText);
 

@@ -11,6 +11,7 @@
 #include <functional>
 
 #include "app/file_forms.h"
+#include "app/warning.h"
 #include "app/weather.h"
 #include "tests/app/app_fixture.h"
 
@@ -163,6 +164,61 @@ TEST_F(FrontScreens, WeatherScreenWritesTheClimateFileOnlyOnADeliberateNewName) 
     Find<QAbstractButton>(weather, "savenew")->click();
     EXPECT_EQ(prompt_.asked.back().title, "City added confirmation.");
     EXPECT_NE(FileText(usa).find("Albertville Muni AP North, Alabama"), std::string::npos);
+}
+
+bool Asked(const ScriptedPrompt& prompt, const std::string& title) {
+    for (const auto& p : prompt.asked)
+        if (p.title == title) return true;
+    return false;
+}
+
+// After New nothing of the previous project remains to be saved as the new
+// one's, and an incomplete project is not written on the way out.
+TEST_F(FrontScreens, NewThenSaveAndExitNeverWritesAnIncompleteProject) {
+    Begin();
+    OpenSample(0);
+    prompt_.Queue(Answer::Yes);  // start a new project
+    Find<QAction>(shell_->mainmenu(), "newitem")->trigger();
+    EXPECT_EQ(model().session.BuildingType, 0);
+    EXPECT_TRUE(model().ProjectData[kBldType].empty());
+    EXPECT_EQ(model().session.ClimateZone, "1");
+    for (int i = 1; i <= 11; ++i) EXPECT_TRUE(model().ProjectData[i].empty()) << i;
+    EXPECT_TRUE(model().climate.WeatherData[2].empty());
+
+    QWidget* warning = shell_->warning();
+    Find<QAction>(shell_->mainmenu(), "exititem")->trigger();
+    prompt_.Queue(Answer::No);  // not without saving: back to the project
+    Find<QAbstractButton>(warning, "okey")->click();
+    EXPECT_EQ(prompt_.asked.back().title, "Save and Exit");
+    EXPECT_NE(prompt_.asked.back().text.find("weather data"), std::string::npos);
+    EXPECT_FALSE(shell_->saveInputForm()->isVisible());
+    EXPECT_TRUE(shell_->mainmenu()->isVisible());
+    EXPECT_FALSE(shell_->ended());
+
+    Find<QAction>(shell_->mainmenu(), "exititem")->trigger();
+    prompt_.Queue(Answer::Yes);  // leave without it
+    Find<QAbstractButton>(warning, "okey")->click();
+    EXPECT_TRUE(shell_->ended());
+    EXPECT_FALSE(shell_->saveInputForm()->isVisible());
+}
+
+// A project file that names no climate zone opens, with a message, and the
+// weather task is open again.
+TEST_F(FrontScreens, AProjectWithoutAClimateZoneOpensWithAMessage) {
+    Begin();
+    std::string text = FileText(root_ / "sample" / "Office [two levels, I-P].inp");
+    const std::size_t zone = text.find("CLzone=  7");
+    ASSERT_NE(zone, std::string::npos);
+    text.replace(zone, 10, "CLzone=  0");
+    const fs::path file = root_ / "no-zone.inp";
+    std::ofstream(file, std::ios::binary) << text;
+    OpenFile(file);
+    EXPECT_FALSE(Asked(prompt_, "Surprise"));
+    EXPECT_TRUE(Asked(prompt_, "No climate zone"));
+    EXPECT_FALSE(shell_->ended());
+    EXPECT_EQ(model().ProjectData[kProjName], "Test Office");
+    EXPECT_EQ(model().flags.TaskDone[2], 0);
+    EXPECT_TRUE(Find<QWidget>(shell_->mainmenu(), "weatherdata")->isEnabled());
 }
 
 }  // namespace
