@@ -453,6 +453,13 @@ void SaveInputFormController::Show(const std::string& folder) {
     browser.Drive1 = ListPlaces();
     browser.ChangeFolder(folder);
     results.reset();
+    // The dialog offers the project's own file, or nothing for a project that
+    // has none yet, always in the project's own units: nothing of an earlier
+    // save carries over to a new project.
+    const ProjectModel& m = session_.model;
+    inputname = m.flags.ProjectFromFile == 1 ? fs::path(m.session.InputFileName).filename().string()
+                                             : std::string();
+    unitChoice = 1;
 }
 
 void SaveInputFormController::ChooseFile(int index) {

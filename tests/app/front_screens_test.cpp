@@ -221,5 +221,28 @@ TEST_F(FrontScreens, AProjectWithoutAClimateZoneOpensWithAMessage) {
     EXPECT_TRUE(Find<QWidget>(shell_->mainmenu(), "weatherdata")->isEnabled());
 }
 
+// The save dialog of a new project starts empty, in the project's own units.
+TEST_F(FrontScreens, SaveDialogOfANewProjectStartsEmptyInItsOwnUnits) {
+    Begin();
+    OpenSample(0);
+    Find<QAction>(shell_->mainmenu(), "saveinput")->trigger();
+    QWidget* save = shell_->saveInputForm();
+    ASSERT_TRUE(save->isVisible());
+    EXPECT_TRUE(Find<QRadioButton>(save, "unitsave_1")->isChecked());
+    Find<QLineEdit>(save, "inputname")->setText(QString::fromStdString((root_ / "si").string()));
+    Find<QRadioButton>(save, "unitsave_2")->setChecked(true);
+    Find<QAbstractButton>(save, "OK")->click();
+    ASSERT_TRUE(fs::exists(root_ / "si.inp"));
+
+    prompt_.Queue(Answer::Yes);
+    Find<QAction>(shell_->mainmenu(), "newitem")->trigger();
+    // As the hub opens it once the new project can be saved.
+    shell_->Navigate({Screen::SaveInputForm, false, false});
+    ASSERT_TRUE(save->isVisible());
+    EXPECT_TRUE(Find<QLineEdit>(save, "inputname")->text().isEmpty());
+    EXPECT_TRUE(Find<QRadioButton>(save, "unitsave_1")->isChecked());
+    EXPECT_FALSE(Find<QRadioButton>(save, "unitsave_2")->isChecked());
+}
+
 }  // namespace
 }  // namespace solvane
