@@ -14,11 +14,14 @@
 namespace solvane {
 
 QLineEdit* AddEdit(QGridLayout* grid, int row, int column, const QString& name, FieldEdits* edits,
-                   int width) {
+                   int width, bool number) {
     auto* edit = new QLineEdit;
     edit->setObjectName(name);
     if (width > 0) edit->setFixedWidth(width);
-    if (edits) edits->Bind(edit);
+    if (edits && number)
+        edits->BindNumber(edit);
+    else if (edits)
+        edits->Bind(edit);
     grid->addWidget(edit, row, column);
     return edit;
 }

@@ -17,9 +17,10 @@ namespace solvane {
 
 class FieldEdits;
 
-// An edit box named `name`, bound to the screen's fields through `edits`.
+// An edit box named `name`, bound to the screen's fields through `edits`;
+// a number field takes only numbers.
 QLineEdit* AddEdit(QGridLayout* grid, int row, int column, const QString& name, FieldEdits* edits,
-                   int width = 0);
+                   int width = 0, bool number = false);
 QPushButton* AddButton(QBoxLayout* layout, const QString& name, const QString& caption);
 QLabel* AddLabel(QGridLayout* grid, int row, int column, const QString& name,
                  const QString& caption = {});

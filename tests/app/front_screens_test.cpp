@@ -10,7 +10,9 @@
 #include <fstream>
 #include <functional>
 
+#include "app/catalogs.h"
 #include "app/file_forms.h"
+#include "app/projectinfo.h"
 #include "app/warning.h"
 #include "app/weather.h"
 #include "tests/app/app_fixture.h"
@@ -242,6 +244,39 @@ TEST_F(FrontScreens, SaveDialogOfANewProjectStartsEmptyInItsOwnUnits) {
     EXPECT_TRUE(Find<QLineEdit>(save, "inputname")->text().isEmpty());
     EXPECT_TRUE(Find<QRadioButton>(save, "unitsave_1")->isChecked());
     EXPECT_FALSE(Find<QRadioButton>(save, "unitsave_2")->isChecked());
+}
+
+// Number fields refuse what is not a number, typed or pasted.
+TEST_F(FrontScreens, NumberFieldsTakeOnlyNumbers) {
+    Begin();
+    OpenSample(0);
+    Find<QAbstractButton>(shell_->mainmenu(), "projectinformation")->click();
+    QWidget* info = shell_->projectInfo();
+    ASSERT_TRUE(info->isVisible());
+    auto* area = Find<QLineEdit>(info, "projectid_8");
+    area->selectAll();
+    QTest::keyClicks(area, "abc");
+    EXPECT_FALSE(area->text().contains('a')) << area->text().toStdString();
+    area->clear();
+    QTest::keyClicks(area, "12.5x");
+    EXPECT_EQ(area->text(), "12.5");
+    // Text fields stay free.
+    auto* name = Find<QLineEdit>(info, "projectid_1");
+    QTest::keyClicks(name, " 2b");
+    EXPECT_TRUE(name->text().contains(" 2b")) << name->text().toStdString();
+    Find<QAbstractButton>(info, "OK")->click();
+    EXPECT_EQ(model().ProjectData[kFloorArea], "12.5");
+
+    Find<QAction>(shell_->mainmenu(), "dbase_1")->trigger();
+    QWidget* catalog = shell_->catalog();
+    ASSERT_TRUE(catalog->isVisible());
+    auto* u = Find<QLineEdit>(catalog, "UF_1");
+    u->clear();
+    QTest::keyClicks(u, ".182q");
+    EXPECT_EQ(u->text(), ".182");
+    auto* description = Find<QLineEdit>(catalog, "Des_1");
+    QTest::keyClicks(description, "q");
+    EXPECT_TRUE(description->text().contains("q")) << description->text().toStdString();
 }
 
 }  // namespace
