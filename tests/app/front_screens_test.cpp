@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QTest>
 #include <fstream>
 #include <functional>
@@ -15,6 +16,7 @@
 #include "app/projectinfo.h"
 #include "app/warning.h"
 #include "app/weather.h"
+#include "core/numeric_helpers.h"
 #include "tests/app/app_fixture.h"
 
 namespace fs = std::filesystem;
@@ -277,6 +279,35 @@ TEST_F(FrontScreens, NumberFieldsTakeOnlyNumbers) {
     auto* description = Find<QLineEdit>(catalog, "Des_1");
     QTest::keyClicks(description, "q");
     EXPECT_TRUE(description->text().contains("q")) << description->text().toStdString();
+}
+
+// Each sample is what its description says: the building type's name is in
+// the description and its occupied days are the type's.
+TEST_F(FrontScreens, SamplesCarryTheBuildingTypeTheyDescribe) {
+    Begin();
+    const int samples = static_cast<int>(std::distance(fs::directory_iterator(root_ / "sample"),
+                                                       fs::directory_iterator())) -
+                        1;  // README
+    ASSERT_GE(samples, 2);
+    for (int row = 0; row < samples; ++row) {
+        OpenSample(row);
+        const ProjectModel& m = model();
+        SCOPED_TRACE(m.ProjectData[kProjName]);
+        const int type = m.session.BuildingType;
+        ASSERT_GE(type, 1);
+        const QString name = QString::fromStdString(m.btypes.BTypeName[type]).toLower();
+        const QString description = QString::fromStdString(m.ProjectData[2]).toLower();
+        bool named = false;
+        for (const QString& word : name.split(QRegularExpression("[^a-z]+"), Qt::SkipEmptyParts))
+            named = named || description.contains(word);
+        EXPECT_TRUE(named) << name.toStdString() << " / " << description.toStdString();
+        EXPECT_EQ(NumVal(m.ProjectData[10]), m.btypes.BTypeColumn[type][3]);
+
+        Find<QAbstractButton>(shell_->mainmenu(), "projectinformation")->click();
+        EXPECT_EQ(Find<QLineEdit>(shell_->projectInfo(), "projectid_0")->text().toStdString(),
+                  std::to_string(type) + ".." + m.btypes.BTypeName[type]);
+        Find<QAbstractButton>(shell_->projectInfo(), "Cancel")->click();
+    }
 }
 
 }  // namespace
