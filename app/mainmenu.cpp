@@ -168,6 +168,12 @@ void MainMenuScreen::BuildTasks() {
         pointer->setObjectName(QString("Image7_%1").arg(row));
         pointer->setPixmap(SvgPixmap(session_.paths, "arrow", 32, 16));
         grid->addWidget(pointer, row, 0);
+        auto* doneMark = new QLabel(QString::fromUtf8("\u2714"));
+        doneMark->setObjectName(QString("TaskDoneMark_%1").arg(row));
+        doneMark->setStyleSheet("color: #1a7f37; font-weight: bold;");
+        doneMark->setToolTip("Done");
+        doneMark->setVisible(false);
+        grid->addWidget(doneMark, row, 3);
         if (t.icon) {
             auto* icon = new QToolButton;
             icon->setObjectName(t.icon);
@@ -207,6 +213,19 @@ void MainMenuScreen::BuildTasks() {
     layout->addLayout(bottom);
 
     setCentralWidget(central);
+
+    // What blinks or comes and goes keeps its place, so that nothing moves
+    // under the pointer while the user is meant to click it.
+    for (QWidget* w : central->findChildren<QWidget*>()) {
+        const QString name = w->objectName();
+        if (name == "Label8" || name == "Image9" || name == "Image10" || name == "Image11" ||
+            name.startsWith("Image8_") || name.startsWith("Image7_") ||
+            name.startsWith("TaskDoneMark_")) {
+            QSizePolicy policy = w->sizePolicy();
+            policy.setRetainSizeWhenHidden(true);
+            w->setSizePolicy(policy);
+        }
+    }
 }
 
 void MainMenuScreen::Activate() {

@@ -310,5 +310,47 @@ TEST_F(FrontScreens, SamplesCarryTheBuildingTypeTheyDescribe) {
     }
 }
 
+// The hub shows where the user is, and the code icons blink in place.
+TEST_F(FrontScreens, HubMarksFinishedTasksAndPointsAtTheNextOne) {
+    Begin();
+    QWidget* hub = shell_->mainmenu();
+    QTest::qWait(50);
+    const auto arrows = [&] {
+        std::vector<int> shown;
+        for (int row = 0; row < 7; ++row)
+            if (Find<QWidget>(hub, ("Image7_" + std::to_string(row)).c_str())->isVisible())
+                shown.push_back(row);
+        return shown;
+    };
+    const auto marks = [&] {
+        std::vector<int> shown;
+        for (int row = 0; row < 7; ++row)
+            if (Find<QWidget>(hub, ("TaskDoneMark_" + std::to_string(row)).c_str())->isVisible())
+                shown.push_back(row);
+        return shown;
+    };
+    EXPECT_EQ(arrows(), std::vector<int>{0});
+    EXPECT_TRUE(marks().empty());
+
+    // While the code is to be chosen its icons blink, but never move.
+    auto* icon = Find<QWidget>(hub, "Image8_1");
+    const QPoint where = icon->mapTo(hub, QPoint(0, 0));
+    for (int tick = 0; tick < 3; ++tick) {
+        QTest::qWait(550);
+        EXPECT_EQ(icon->mapTo(hub, QPoint(0, 0)), where) << tick;
+    }
+
+    Find<QAbstractButton>(hub, "Image8_0")->click();  // 90.1, then 2019 and confirmed
+    ASSERT_NE(model().session.CodeNum, 0);
+    QTest::qWait(550);  // the next tick of the hub's timer
+    EXPECT_EQ(arrows(), std::vector<int>{1});
+    EXPECT_EQ(marks(), std::vector<int>{0});
+
+    Find<QAbstractButton>(hub, "weatherdata")->click();
+    Find<QAbstractButton>(shell_->weather(), "OK")->click();
+    EXPECT_EQ(arrows(), std::vector<int>{2});
+    EXPECT_EQ(marks(), (std::vector<int>{0, 1}));
+}
+
 }  // namespace
 }  // namespace solvane
