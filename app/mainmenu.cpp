@@ -26,6 +26,12 @@ QAction* AddAction(QMenu* menu, const QString& name, const QString& text) {
     return action;
 }
 
+// A caption shown as it is written: an "&" in it is a character, not the
+// mark of a shortcut letter.
+QString Literal(const QString& text) {
+    return QString(text).replace('&', "&&");
+}
+
 QMenu* AddMenu(QMenuBar* bar, const QString& name, const QString& title) {
     QMenu* menu = bar->addMenu(title);
     menu->setObjectName(name);
@@ -79,22 +85,24 @@ void MainMenuScreen::BuildMenus() {
     const char* tableNames[] = {
         "Project Data",         "Zone Data",     "Monthly Summaries", "HVAC Design Data",
         "Peak Demand Profiles", "Cost Analysis", "Weather Summary",   "Space Comfort Conditions"};
-    for (int i = 0; i < 8; ++i) AddAction(tables, QString("Table_%1").arg(i + 1), tableNames[i]);
+    for (int i = 0; i < 8; ++i)
+        AddAction(tables, QString("Table_%1").arg(i + 1), Literal(tableNames[i]));
     QMenu* graphs = view->addMenu("Graphs");
     graphs->setObjectName("graph");
     const char* graphNames[] = {"Peak Heating Load",         "Peak Cooling Load",
                                 "Annual Heating Load",       "Annual Cooling Load",
                                 "Monthly Heating & Cooling", "Monthly Utility Costs",
                                 "Breakdown of Annual Energy"};
-    for (int i = 0; i < 7; ++i) AddAction(graphs, QString("graph_%1").arg(i + 1), graphNames[i]);
+    for (int i = 0; i < 7; ++i)
+        AddAction(graphs, QString("graph_%1").arg(i + 1), Literal(graphNames[i]));
     AddAction(view, "View_0", "Retrieve Previous Output File");
 
     QMenu* dtbase = AddMenu(bar, "dtbase", "&Mat'l / Systems Database");
     const char* dbNames[] = {"Wall/Roof/Floor Catalog", "Window & Skylight Catalog",
                              "HVAC System Types"};
     for (int i = 0; i < 3; ++i)
-        connect(AddAction(dtbase, QString("dbase_%1").arg(i + 1), dbNames[i]), &QAction::triggered,
-                this, [this, i] { Go(controller_.Database(i + 1)); });
+        connect(AddAction(dtbase, QString("dbase_%1").arg(i + 1), Literal(dbNames[i])),
+                &QAction::triggered, this, [this, i] { Go(controller_.Database(i + 1)); });
 
     help_ = new HelpViewer(session_.paths, this);
     QMenu* code = AddMenu(bar, "code", "&Energy Code Details");
@@ -104,7 +112,7 @@ void MainMenuScreen::BuildMenus() {
     int topic = 0;
     for (const auto& [title, file] : HelpTopics(session_.paths)) {
         connect(AddAction(tutorial, QString("helptopic_%1").arg(++topic),
-                          QString::fromStdString(title)),
+                          Literal(QString::fromStdString(title))),
                 &QAction::triggered, this, [this, file = file] { help_->ShowFile(file); });
     }
 }

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QKeySequence>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -350,6 +351,17 @@ TEST_F(FrontScreens, HubMarksFinishedTasksAndPointsAtTheNextOne) {
     Find<QAbstractButton>(shell_->weather(), "OK")->click();
     EXPECT_EQ(arrows(), std::vector<int>{2});
     EXPECT_EQ(marks(), (std::vector<int>{0, 1}));
+}
+
+// Menu captions show an "&" of their text as it is, with no shortcut mark.
+TEST_F(FrontScreens, MenuCaptionsShowTheirAmpersands) {
+    Begin();
+    QWidget* hub = shell_->mainmenu();
+    EXPECT_EQ(Find<QAction>(hub, "graph_5")->iconText(), "Monthly Heating & Cooling");
+    EXPECT_EQ(Find<QAction>(hub, "dbase_2")->iconText(), "Window & Skylight Catalog");
+    EXPECT_TRUE(QKeySequence::mnemonic(Find<QAction>(hub, "graph_5")->text()).isEmpty());
+    // The marks the menus are meant to have stay.
+    EXPECT_FALSE(QKeySequence::mnemonic(Find<QAction>(hub, "newitem")->text()).isEmpty());
 }
 
 }  // namespace
