@@ -13,6 +13,7 @@
 #include <functional>
 
 #include "app/catalogs.h"
+#include "app/desktop_mime.h"
 #include "app/file_forms.h"
 #include "app/projectinfo.h"
 #include "app/warning.h"
@@ -362,6 +363,44 @@ TEST_F(FrontScreens, MenuCaptionsShowTheirAmpersands) {
     EXPECT_TRUE(QKeySequence::mnemonic(Find<QAction>(hub, "graph_5")->text()).isEmpty());
     // The marks the menus are meant to have stay.
     EXPECT_FALSE(QKeySequence::mnemonic(Find<QAction>(hub, "newitem")->text()).isEmpty());
+}
+
+// The spreadsheet alert at start-up is for a desktop whose MIME database
+// knows no program for CSV files.
+TEST(DesktopMime, KnowsACsvOpenerFromADesktopEntryOrAnAssociation) {
+    const fs::path root =
+        fs::temp_directory_path() / ("solvane_mime_" + std::to_string(::getpid()));
+    fs::remove_all(root);
+    for (const char* d : {"config", "data/applications"}) fs::create_directories(root / d);
+    const char* vars[] = {"XDG_CONFIG_HOME", "XDG_CONFIG_DIRS", "XDG_DATA_HOME", "XDG_DATA_DIRS"};
+    std::vector<QByteArray> saved;
+    for (const char* v : vars) saved.push_back(qgetenv(v));
+    qputenv("XDG_CONFIG_HOME", QByteArray::fromStdString((root / "config").string()));
+    qputenv("XDG_CONFIG_DIRS", QByteArray::fromStdString((root / "none").string()));
+    qputenv("XDG_DATA_HOME", QByteArray::fromStdString((root / "data").string()));
+    qputenv("XDG_DATA_DIRS", QByteArray::fromStdString((root / "none").string()));
+
+    std::ofstream(root / "data/applications/viewer.desktop")
+        << "[Desktop Entry]\nName=Viewer\nMimeType=image/png;text/csv-schema;\n";
+    EXPECT_FALSE(DesktopOpens("text/csv"));
+    std::ofstream(root / "config/mimeapps.list") << "[Default Applications]\ntext/csv=\n";
+    EXPECT_FALSE(DesktopOpens("text/csv"));
+
+    std::ofstream(root / "config/mimeapps.list")
+        << "[Default Applications]\ntext/csv=calc.desktop;\n";
+    EXPECT_TRUE(DesktopOpens("text/csv"));
+    fs::remove(root / "config/mimeapps.list");
+    std::ofstream(root / "data/applications/calc.desktop")
+        << "[Desktop Entry]\nName=Calc\nMimeType=text/plain;text/csv;\n";
+    EXPECT_TRUE(DesktopOpens("text/csv"));
+
+    for (std::size_t i = 0; i < saved.size(); ++i) {
+        if (saved[i].isNull())
+            qunsetenv(vars[i]);
+        else
+            qputenv(vars[i], saved[i]);
+    }
+    fs::remove_all(root);
 }
 
 }  // namespace
