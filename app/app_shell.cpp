@@ -1,6 +1,7 @@
 #include "app/app_shell.h"
 
 #include <QDir>
+#include <QStatusBar>
 #include <filesystem>
 
 #include "app/catalogs.h"
@@ -68,6 +69,9 @@ void AppShell::MakeScreens() {
     sampleFileForm_ = std::make_unique<SampleFileFormScreen>(*sampleController_, navigate, hub);
     saveInputForm_ =
         std::make_unique<SaveInputFormScreen>(session_, *saveController_, navigate, hub);
+    saveInputForm_->saved = [this](const QString& path) {
+        mainmenu_->statusBar()->showMessage("Project saved to " + path);
+    };
     weather_ = std::make_unique<WeatherDataScreen>(*weatherController_, navigate, hub);
     projectInfo_ = std::make_unique<ProjectInfoScreen>(*projectInfoController_, navigate, hub);
     economics_ =

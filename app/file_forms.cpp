@@ -144,7 +144,10 @@ SaveInputFormScreen::SaveInputFormScreen(Session& session, SaveInputFormControll
         controller_.inputname = name_->text().toStdString();
         controller_.unitChoice = otherUnits_->isChecked() ? 2 : 1;
         const Navigation nav = controller_.Ok();
-        if (nav.show != Screen::None || nav.endProgram) hide();
+        if (nav.show != Screen::None || nav.endProgram) {
+            hide();
+            if (saved) saved(QString::fromStdString(session_.model.session.InputFileName));
+        }
         lists_->Refresh();
         navigate_(nav);
     });

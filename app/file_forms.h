@@ -47,6 +47,8 @@ class SaveInputFormScreen : public QDialog {
     SaveInputFormScreen(Session& session, SaveInputFormController& controller, Navigate navigate,
                         QWidget* parent);
     void Open(const std::string& folder);
+    // Told the path of each project file written.
+    std::function<void(const QString& path)> saved;
 
   private:
     Session& session_;

@@ -8,6 +8,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QStatusBar>
 #include <QTest>
 #include <fstream>
 #include <functional>
@@ -239,6 +240,9 @@ TEST_F(FrontScreens, SaveDialogOfANewProjectStartsEmptyInItsOwnUnits) {
     Find<QRadioButton>(save, "unitsave_2")->setChecked(true);
     Find<QAbstractButton>(save, "OK")->click();
     ASSERT_TRUE(fs::exists(root_ / "si.inp"));
+    // The status line says where.
+    EXPECT_EQ(shell_->mainmenu()->statusBar()->currentMessage().toStdString(),
+              "Project saved to " + (root_ / "si.inp").string());
 
     prompt_.Queue(Answer::Yes);
     Find<QAction>(shell_->mainmenu(), "newitem")->trigger();
