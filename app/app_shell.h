@@ -31,6 +31,10 @@ class EconomicsScreen;
 class CatalogScreen;
 class HvacScreen;
 
+// The user's projects folder, Documents/SOLVANE; the dialogs make it when
+// they first start in it.
+std::string ProjectsFolder();
+
 class AppShell : public QObject {
     Q_OBJECT
   public:
@@ -64,6 +68,9 @@ class AppShell : public QObject {
     void MakeControllers();
     void MakeScreens();
     void ShowHub();
+    // The folder the project dialogs start in: the last one used, or the
+    // user's projects folder, made on first use.
+    std::string StartFolder();
 
     Session session_;
     Prompt& prompt_;
@@ -96,6 +103,7 @@ class AppShell : public QObject {
     std::unique_ptr<CatalogScreen> catalog_;
     std::unique_ptr<HvacScreen> hvac_;
     bool ended_ = false;
+    std::string lastFolder_;
 };
 
 }  // namespace solvane

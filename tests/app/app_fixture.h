@@ -28,11 +28,16 @@ class AppFixture : public ::testing::Test {
         std::filesystem::copy(SOLVANE_DATA_DIR, root_, std::filesystem::copy_options::recursive);
         std::filesystem::create_directories(root_ / "temp");
         std::filesystem::remove(root_ / "temp" / "ecalc$.unt");
+        // The user's folders are the test's own.
+        home_ = qgetenv("HOME");
+        std::filesystem::create_directories(root_ / "home");
+        qputenv("HOME", QByteArray::fromStdString((root_ / "home").string()));
         shell_ = std::make_unique<AppShell>(ProgramPaths(root_), prompt_);
         shell_->Start(StartupEnvironment{});
     }
     void TearDown() override {
         shell_.reset();
+        qputenv("HOME", home_);
         std::filesystem::remove_all(root_);
     }
     template <typename T>
@@ -50,6 +55,7 @@ class AppFixture : public ::testing::Test {
     ProjectModel& model() { return shell_->session().model; }
 
     std::filesystem::path root_;
+    QByteArray home_;
     ScriptedPrompt prompt_;
     std::unique_ptr<AppShell> shell_;
 };

@@ -10,6 +10,7 @@
 #include <QRegularExpression>
 #include <QStatusBar>
 #include <QTest>
+#include <QUrl>
 #include <fstream>
 #include <functional>
 
@@ -405,6 +406,49 @@ TEST(DesktopMime, KnowsACsvOpenerFromADesktopEntryOrAnAssociation) {
             qputenv(vars[i], saved[i]);
     }
     fs::remove_all(root);
+}
+
+// Open and save are Qt's file dialog: they start in the projects folder or
+// the last folder used, offer the samples among their places, list projects
+// only and leave hidden folders out.
+TEST_F(FrontScreens, FileDialogsStartInTheProjectsFolderOrTheLastOneUsed) {
+    Begin();
+    QWidget* hub = shell_->mainmenu();
+    const fs::path projects = root_ / "home" / "Documents" / "SOLVANE";
+    Find<QAction>(hub, "retrieveitem")->trigger();
+    auto* open = shell_->oldFileForm();
+    ASSERT_TRUE(open->isVisible());
+    EXPECT_TRUE(fs::is_directory(projects));
+    EXPECT_EQ(open->directory().absolutePath().toStdString(), projects.string());
+    EXPECT_EQ(open->nameFilters(), QStringList{"Project files (*.inp)"});
+    EXPECT_FALSE(open->filter() & QDir::Hidden);
+    bool samplesOffered = false;
+    for (const QUrl& url : open->sidebarUrls())
+        samplesOffered =
+            samplesOffered || url.toLocalFile().toStdString() == (root_ / "sample").string();
+    EXPECT_TRUE(samplesOffered);
+    QTest::keyClick(open, Qt::Key_Escape);
+    EXPECT_TRUE(hub->isVisible());
+
+    // A project opened from a folder of the user's: the next dialog starts there.
+    const fs::path work = root_ / "work";
+    fs::create_directories(work);
+    fs::copy_file(root_ / "sample" / "Retail Store [SI].inp", work / "store.inp");
+    OpenFile(work / "store.inp");
+    EXPECT_EQ(prompt_.asked.back().title, "Project Retrieved");
+    Find<QAction>(hub, "saveinput")->trigger();
+    auto* save = shell_->saveInputForm();
+    ASSERT_TRUE(save->isVisible());
+    EXPECT_EQ(save->directory().absolutePath().toStdString(), work.string());
+    EXPECT_EQ(Find<QLineEdit>(save, "inputname")->text(), "store.inp");
+    QTest::keyClick(save, Qt::Key_Escape);
+
+    // A sample is never offered to be saved over: its save starts in the last folder.
+    OpenSample(0);
+    Find<QAction>(hub, "saveinput")->trigger();
+    EXPECT_EQ(save->directory().absolutePath().toStdString(), work.string());
+    save->close();
+    EXPECT_TRUE(hub->isVisible());
 }
 
 }  // namespace
