@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QKeySequence>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -449,6 +450,29 @@ TEST_F(FrontScreens, FileDialogsStartInTheProjectsFolderOrTheLastOneUsed) {
     EXPECT_EQ(save->directory().absolutePath().toStdString(), work.string());
     save->close();
     EXPECT_TRUE(hub->isVisible());
+}
+
+// The HVAC screen of an SI project: costs per kW, and texts longer than
+// their cells whole in the cells' tooltips.
+TEST_F(FrontScreens, HvacScreenInSiShowsCostsPerKwAndLongTextsInTooltips) {
+    Begin("unitnum_2");
+    OpenSample(1);  // the store, in SI
+    Find<QAction>(shell_->mainmenu(), "dbase_3")->trigger();
+    QWidget* hvac = shell_->hvac();
+    ASSERT_TRUE(hvac->isVisible());
+    EXPECT_EQ(Find<QLabel>(hvac, "fcost_caption")->text(), "1st Cost ($/kW)");
+    EXPECT_EQ(Find<QLabel>(hvac, "mcost_caption")->text(), "Maint. Cost ($/kW)");
+    int long_texts = 0;
+    for (QLineEdit* cell : hvac->findChildren<QLineEdit*>()) {
+        const bool longer = cell->fontMetrics().horizontalAdvance(cell->text()) > cell->width() - 8;
+        if (longer) {
+            ++long_texts;
+            EXPECT_EQ(cell->toolTip(), cell->text()) << cell->objectName().toStdString();
+        } else {
+            EXPECT_TRUE(cell->toolTip().isEmpty()) << cell->objectName().toStdString();
+        }
+    }
+    EXPECT_GT(long_texts, 0);
 }
 
 }  // namespace
