@@ -200,11 +200,13 @@ Navigation MainMenuController::NewProject() {
         m.flags.FreshSession = 1;
         m.session.ProjectTitle.clear();
         ResetProject(session_);
-        // Nothing of the previous project's building type and climate stays
-        // behind to pass for the new one's: both are as at start-up.
+        // Nothing of the previous project's building type, climate and place
+        // stays behind to pass for the new one's: all are as at start-up.
         m.session.BuildingType = 0;
         m.ProjectData[kBldType].clear();
         m.session.ClimateZone = "1";
+        m.climate.LocationCity.clear();
+        m.climate.LocationState.clear();
         for (int i = 1; i <= 6; ++i) m.flags.TaskDone[i] = 0;
         m.flags.DefaultsApplied = 0;
         m.flags.OutputAvailable = 0;

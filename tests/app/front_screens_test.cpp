@@ -193,6 +193,7 @@ TEST_F(FrontScreens, NewThenSaveAndExitNeverWritesAnIncompleteProject) {
     EXPECT_EQ(model().session.ClimateZone, "1");
     for (int i = 1; i <= 11; ++i) EXPECT_TRUE(model().ProjectData[i].empty()) << i;
     EXPECT_TRUE(model().climate.WeatherData[2].empty());
+    EXPECT_EQ(shell_->mainmenu()->windowTitle(), "SOLVANE 2020 New Project:... ");
 
     QWidget* warning = shell_->warning();
     Find<QAction>(shell_->mainmenu(), "exititem")->trigger();
