@@ -1,8 +1,8 @@
 #include "app/app_shell.h"
 
 #include <QDir>
+#include <QLabel>
 #include <QStandardPaths>
-#include <QStatusBar>
 #include <filesystem>
 
 #include "app/catalogs.h"
@@ -80,7 +80,8 @@ void AppShell::MakeScreens() {
     saveInputForm_ =
         std::make_unique<SaveInputFormScreen>(session_, *saveController_, navigate, folders, hub);
     saveInputForm_->saved = [this](const QString& path) {
-        mainmenu_->statusBar()->showMessage("Project saved to " + path);
+        if (auto* status = mainmenu_->findChild<QLabel*>("statusline"))
+            status->setText("Project saved to " + path);
     };
     weather_ = std::make_unique<WeatherDataScreen>(*weatherController_, navigate, hub);
     projectInfo_ = std::make_unique<ProjectInfoScreen>(*projectInfoController_, navigate, hub);

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -47,6 +48,11 @@ MainMenuScreen::MainMenuScreen(Session& session, MainMenuController& controller,
     setMinimumSize(820, 620);
     BuildMenus();
     BuildTasks();
+    // The status line, there from the start so that a message moves nothing;
+    // a label of its own, so that passing over the menus does not wipe it.
+    auto* status = new QLabel;
+    status->setObjectName("statusline");
+    statusBar()->addWidget(status, 1);
     timer_ = new QTimer(this);
     timer_->setObjectName("Timer1");
     timer_->setInterval(500);

@@ -9,7 +9,6 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <QStatusBar>
 #include <QTest>
 #include <QUrl>
 #include <fstream>
@@ -244,7 +243,7 @@ TEST_F(FrontScreens, SaveDialogOfANewProjectStartsEmptyInItsOwnUnits) {
     Find<QAbstractButton>(save, "OK")->click();
     ASSERT_TRUE(fs::exists(root_ / "si.inp"));
     // The status line says where.
-    EXPECT_EQ(shell_->mainmenu()->statusBar()->currentMessage().toStdString(),
+    EXPECT_EQ(Find<QLabel>(shell_->mainmenu(), "statusline")->text().toStdString(),
               "Project saved to " + (root_ / "si.inp").string());
 
     prompt_.Queue(Answer::Yes);
