@@ -7,15 +7,46 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 #include <QPushButton>
+#include <QStyle>
+#include <QStyleOptionFrame>
 
 #include "app/field_edits.h"
 
 namespace solvane {
 
+QRect ElidingEdit::TextRect() const {
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    return style()
+        ->subElementRect(QStyle::SE_LineEditContents, &option, this)
+        .adjusted(2, 0, -2, 0);
+}
+
+QString ElidingEdit::ShownText() const {
+    if (hasFocus()) return text();
+    return fontMetrics().elidedText(text(), Qt::ElideRight, TextRect().width());
+}
+
+void ElidingEdit::paintEvent(QPaintEvent* event) {
+    const QString shown = ShownText();
+    if (shown == text()) {
+        QLineEdit::paintEvent(event);
+        return;
+    }
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    QPainter painter(this);
+    style()->drawPrimitive(QStyle::PE_PanelLineEdit, &option, &painter, this);
+    painter.setPen(
+        palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::Text));
+    painter.drawText(TextRect(), Qt::AlignVCenter | Qt::AlignLeft, shown);
+}
+
 QLineEdit* AddEdit(QGridLayout* grid, int row, int column, const QString& name, FieldEdits* edits,
                    int width, bool number) {
-    auto* edit = new QLineEdit;
+    auto* edit = new ElidingEdit;
     edit->setObjectName(name);
     if (width > 0) edit->setFixedWidth(width);
     if (edits && number)

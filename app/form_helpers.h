@@ -1,6 +1,7 @@
 // Small builders for the screens: named edit boxes, buttons and labels.
 #pragma once
 
+#include <QLineEdit>
 #include <QString>
 #include <string>
 #include <utility>
@@ -9,13 +10,28 @@ class QBoxLayout;
 class QDialog;
 class QGridLayout;
 class QLabel;
-class QLineEdit;
 class QPushButton;
 class QWidget;
 
 namespace solvane {
 
 class FieldEdits;
+
+// An edit box that shows a text longer than itself cut with an ellipsis
+// while the user is elsewhere (the whole text is in its tooltip), and whole
+// while it is being edited.
+class ElidingEdit : public QLineEdit {
+  public:
+    using QLineEdit::QLineEdit;
+    // What the box shows now.
+    QString ShownText() const;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    QRect TextRect() const;
+};
 
 // An edit box named `name`, bound to the screen's fields through `edits`;
 // a number field takes only numbers.

@@ -17,6 +17,7 @@
 #include "app/catalogs.h"
 #include "app/desktop_mime.h"
 #include "app/file_forms.h"
+#include "app/form_helpers.h"
 #include "app/projectinfo.h"
 #include "app/warning.h"
 #include "app/weather.h"
@@ -463,6 +464,11 @@ TEST_F(FrontScreens, HvacScreenInSiShowsCostsPerKwAndLongTextsInTooltips) {
         if (longer) {
             ++long_texts;
             EXPECT_EQ(cell->toolTip(), cell->text()) << cell->objectName().toStdString();
+            // Cut with an ellipsis in the box while the user is elsewhere.
+            auto* eliding = dynamic_cast<ElidingEdit*>(cell);
+            ASSERT_NE(eliding, nullptr);
+            EXPECT_TRUE(eliding->ShownText().endsWith(QChar(0x2026)))
+                << eliding->ShownText().toStdString();
         } else {
             EXPECT_TRUE(cell->toolTip().isEmpty()) << cell->objectName().toStdString();
         }
