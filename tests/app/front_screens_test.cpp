@@ -286,7 +286,8 @@ TEST_F(FrontScreens, NumberFieldsTakeOnlyNumbers) {
 }
 
 // Each sample is what its description says: the building type's name is in
-// the description and its occupied days are the type's.
+// the description, its occupied days and its zones' lighting profile are the
+// type's.
 TEST_F(FrontScreens, SamplesCarryTheBuildingTypeTheyDescribe) {
     Begin();
     const int samples = static_cast<int>(std::distance(fs::directory_iterator(root_ / "sample"),
@@ -306,6 +307,10 @@ TEST_F(FrontScreens, SamplesCarryTheBuildingTypeTheyDescribe) {
             named = named || description.contains(word);
         EXPECT_TRUE(named) << name.toStdString() << " / " << description.toStdString();
         EXPECT_EQ(NumVal(m.ProjectData[10]), m.btypes.BTypeColumn[type][3]);
+        // Its zones are lit on the type's own lighting profile.
+        for (int z = 1; z <= m.zones.NumZones; ++z)
+            EXPECT_EQ(NumVal(m.zones.ZoneData[z][14]), m.btypes.BTypeProfileGroup[type])
+                << m.zones.ZoneName[z];
 
         Find<QAbstractButton>(shell_->mainmenu(), "projectinformation")->click();
         EXPECT_EQ(Find<QLineEdit>(shell_->projectInfo(), "projectid_0")->text().toStdString(),
