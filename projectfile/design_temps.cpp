@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "core/numeric_helpers.h"
-#include "core/text_cuts.h"
 #include "core/unit_factors.h"
+#include "core/text_cuts.h"
 
 namespace solvane {
 

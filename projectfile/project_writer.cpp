@@ -5,11 +5,11 @@
 #include <cmath>
 
 #include "core/numeric_helpers.h"
-#include "core/text_cuts.h"
 #include "core/text_file.h"
 #include "core/unit_factors.h"
 #include "projectfile/design_temps.h"
 #include "projectfile/project_file.h"
+#include "core/text_cuts.h"
 
 namespace solvane {
 
