@@ -1,6 +1,8 @@
 #include "app/app_shell.h"
 
 #include <QDir>
+#include <QLabel>
+#include <QStandardPaths>
 #include <filesystem>
 
 #include "app/catalogs.h"
@@ -17,6 +19,12 @@
 #include "propertydb/envelope_defaults.h"
 
 namespace solvane {
+
+std::string ProjectsFolder() {
+    QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    if (documents.isEmpty()) documents = QDir::homePath() + "/Documents";
+    return (documents + "/SOLVANE").toStdString();
+}
 
 AppShell::AppShell(ProgramPaths paths, Prompt& prompt) : prompt_(prompt) {
     session_.paths = std::move(paths);
@@ -66,10 +74,17 @@ void AppShell::MakeScreens() {
     mainmenu_ = std::make_unique<MainMenuScreen>(session_, *mainmenuController_, navigate);
     QWidget* hub = mainmenu_.get();
     warning_ = std::make_unique<WarningScreen>(session_, *warningController_, navigate, hub);
-    oldFileForm_ = std::make_unique<OldFileFormScreen>(*oldFileController_, navigate, hub);
+    const ProjectFolders folders{
+        QString::fromStdString(ProjectsFolder()),
+        QString::fromStdString(session_.paths.Resolve("\\sample").string())};
+    oldFileForm_ = std::make_unique<OldFileFormScreen>(*oldFileController_, navigate, folders, hub);
     sampleFileForm_ = std::make_unique<SampleFileFormScreen>(*sampleController_, navigate, hub);
     saveInputForm_ =
-        std::make_unique<SaveInputFormScreen>(session_, *saveController_, navigate, hub);
+        std::make_unique<SaveInputFormScreen>(session_, *saveController_, navigate, folders, hub);
+    saveInputForm_->saved = [this](const QString& path) {
+        if (auto* status = mainmenu_->findChild<QLabel*>("statusline"))
+            status->setText("Project saved to " + path);
+    };
     weather_ = std::make_unique<WeatherDataScreen>(*weatherController_, navigate, hub);
     projectInfo_ = std::make_unique<ProjectInfoScreen>(*projectInfoController_, navigate, hub);
     economics_ =
@@ -96,6 +111,24 @@ void AppShell::Start(const StartupEnvironment& env) {
     mainform_->show();
 }
 
+// The folder of the project in memory when it came from the user's own
+// file (never the program's sample folder), or the last folder used, or the
+// projects folder.
+std::string AppShell::StartFolder() {
+    const ProjectModel& m = session_.model;
+    const std::filesystem::path samples = session_.paths.Resolve("\\sample");
+    if (m.flags.ProjectFromFile == 1) {
+        const std::filesystem::path folder =
+            std::filesystem::path(m.session.InputFileName).parent_path();
+        if (!folder.empty() && folder.lexically_normal() != samples.lexically_normal())
+            lastFolder_ = folder.string();
+    }
+    if (!lastFolder_.empty() && std::filesystem::is_directory(lastFolder_)) return lastFolder_;
+    const std::string projects = ProjectsFolder();
+    QDir().mkpath(QString::fromStdString(projects));
+    return projects;
+}
+
 void AppShell::ShowHub() {
     mainmenu_->show();
     mainmenu_->raise();
@@ -115,7 +148,6 @@ void AppShell::Navigate(const Navigation& nav) {
     // Screens opened from the hub stand in its place.
     if (nav.hideCurrent && nav.show != Screen::MainMenu && nav.show != Screen::None)
         mainmenu_->hide();
-    const auto homeFolder = [] { return QDir::homePath().toStdString(); };
     switch (nav.show) {
         case Screen::None:
             mainmenu_->ShowFields();
@@ -125,20 +157,14 @@ void AppShell::Navigate(const Navigation& nav) {
             ShowHub();
             break;
         case Screen::OldFileForm:
-            oldFileForm_->Open(homeFolder());
+            oldFileForm_->Open(StartFolder());
             break;
         case Screen::SampleFileForm:
             sampleFileForm_->Open();
             break;
-        case Screen::SaveInputForm: {
-            // A project that came from a file is saved beside it.
-            const auto& m = session_.model;
-            saveInputForm_->Open(
-                m.flags.ProjectFromFile == 1
-                    ? std::filesystem::path(m.session.InputFileName).parent_path().string()
-                    : homeFolder());
+        case Screen::SaveInputForm:
+            saveInputForm_->Open(StartFolder());
             break;
-        }
         case Screen::Weather:
             weather_->OpenTask();
             break;

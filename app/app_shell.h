@@ -33,6 +33,10 @@ class HvacScreen;
 class ZoneScreens;
 class DrawFormScreen;
 
+// The user's projects folder, Documents/SOLVANE; the dialogs make it when
+// they first start in it.
+std::string ProjectsFolder();
+
 class AppShell : public QObject {
     Q_OBJECT
   public:
@@ -68,6 +72,9 @@ class AppShell : public QObject {
     void MakeControllers();
     void MakeScreens();
     void ShowHub();
+    // The folder the project dialogs start in: the last one used, or the
+    // user's projects folder, made on first use.
+    std::string StartFolder();
 
     Session session_;
     Prompt& prompt_;
@@ -102,6 +109,7 @@ class AppShell : public QObject {
     std::unique_ptr<ZoneScreens> zones_;
     std::unique_ptr<DrawFormScreen> drawForm_;
     bool ended_ = false;
+    std::string lastFolder_;
 };
 
 }  // namespace solvane

@@ -25,6 +25,7 @@ struct Column {
     const char* caption;  // the caption as first shown
     int width;
     const char* captionField;  // the field that may change the caption, if any
+    bool number = true;
 };
 
 // A table of named edit boxes `<column>_<row>`, rows 1..rows, edits going to
@@ -46,7 +47,7 @@ QGridLayout* MakeTable(QWidget* owner, ScreenFields& fields, const Column* colum
         grid->addWidget(caption, 0, c);
         for (int r = 1; r <= rows; ++r)
             AddEdit(grid, r, c, QString("%1_%2").arg(columns[c].name).arg(r), edits,
-                    columns[c].width);
+                    columns[c].width, columns[c].number);
     }
     return grid;
 }
@@ -73,7 +74,7 @@ CatalogScreen::CatalogScreen(CatalogController& controller, const ProgramPaths& 
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(Headings(kHeadings, 4));
     const Column columns[] = {{"id", "ID #", 40, nullptr},
-                              {"Des", "Description", 300, "caption_1"},
+                              {"Des", "Description", 300, "caption_1", false},
                               {"UF", "U-Factor", 90, "caption_2"},
                               {"Absp", "", 90, "caption_3"},
                               {"lag", "", 90, "caption_4"},
@@ -105,6 +106,7 @@ CatalogScreen::CatalogScreen(CatalogController& controller, const ProgramPaths& 
     connect(AddButton(buttons, "Cancel", "Cancel"), &QPushButton::clicked, this,
             [this] { Act(controller_.Cancel()); });
     layout->addLayout(buttons);
+    EscapeIsCancel(this);
 }
 
 void CatalogScreen::Open(int kind) {
@@ -133,16 +135,16 @@ HvacScreen::HvacScreen(HvacController& controller, std::function<void(const Navi
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(Headings(kHeadings, 4));
     const Column columns[] = {{"id", "ID #", 40, nullptr},
-                              {"Des", "System Type", 260, nullptr},
+                              {"Des", "System Type", 260, nullptr, false},
                               {"stpres", "St. Press. (in. WG)", 80, "stpres_caption"},
                               {"seer", "Cooling SEER/EER", 80, "seer_caption"},
                               {"temp", "Supply Temp (F)", 80, "temp_caption"},
-                              {"fcost", "1st Cost ($/ton)", 80, nullptr},
-                              {"mcost", "Maint. Cost ($/ton)", 80, nullptr},
-                              {"Heater", "Heater", 100, nullptr},
+                              {"fcost", "1st Cost ($/ton)", 80, "fcost_caption"},
+                              {"mcost", "Maint. Cost ($/ton)", 80, "mcost_caption"},
+                              {"Heater", "Heater", 100, nullptr, false},
                               {"HTCOP", "Heating Eff.", 60, nullptr},
-                              {"Feature", "Features", 200, nullptr},
-                              {"BldApp", "Building Application", 200, nullptr}};
+                              {"Feature", "Features", 200, nullptr, false},
+                              {"BldApp", "Building Application", 200, nullptr, false}};
     QGridLayout* table = MakeTable(
         this, controller_.fields, columns, 11, kHvacSystems,
         [this](const std::string& c, int r, const std::string& t) { controller_.Edit(c, r, t); });
@@ -159,6 +161,7 @@ HvacScreen::HvacScreen(HvacController& controller, std::function<void(const Navi
     connect(AddButton(buttons, "Command2", "Close"), &QPushButton::clicked, this,
             [this] { Act(controller_.Close()); });
     layout->addLayout(buttons);
+    EscapeIsCancel(this, "Command2");
 }
 
 void HvacScreen::Open() {

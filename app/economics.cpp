@@ -47,8 +47,8 @@ DemandChargeScreen::DemandChargeScreen(DemandChargeController& controller, QWidg
     grid->addWidget(new QLabel("KW Increment"), 0, 0);
     grid->addWidget(new QLabel("Cost ($)"), 0, 1);
     for (int i = 1; i <= kDemandSteps; ++i) {
-        AddEdit(grid, i, 0, QString("demandtext_%1").arg(i), edits, 100);
-        AddEdit(grid, i, 1, QString("charge_%1").arg(i), edits, 100);
+        AddEdit(grid, i, 0, QString("demandtext_%1").arg(i), edits, 100, true);
+        AddEdit(grid, i, 1, QString("charge_%1").arg(i), edits, 100, true);
     }
     layout->addLayout(grid);
     auto* buttons = new QHBoxLayout;
@@ -96,7 +96,8 @@ EconomicsScreen::EconomicsScreen(EconomicsController& controller, DemandChargeCo
     auto* grid = new QGridLayout;
     for (const Cell& c : kCells) {
         grid->addWidget(new QLabel(c.caption), c.row, c.column);
-        AddEdit(grid, c.row, c.column + 1, QString("economics_%1").arg(c.index), edits, 80);
+        AddEdit(grid, c.row, c.column + 1, QString("economics_%1").arg(c.index), edits, 80,
+                c.index != 11);
     }
     grid->addWidget(new QLabel("$/kWh"), 0, 5);
     AddLabel(grid, 1, 5, "gasunit");
@@ -121,6 +122,7 @@ EconomicsScreen::EconomicsScreen(EconomicsController& controller, DemandChargeCo
     connect(AddButton(buttons, "Cancel", "Cancel"), &QPushButton::clicked, this,
             [this] { Act(controller_.Cancel()); });
     layout->addLayout(buttons);
+    EscapeIsCancel(this);
 }
 
 void EconomicsScreen::Open() {

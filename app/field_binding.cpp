@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -38,6 +39,9 @@ void ApplyToWidget(QWidget* w, const FieldState& f) {
             edit->setText(text);
             edit->setCursorPosition(0);  // show a long text from its start
         }
+        // A text longer than its box is shown whole in the box's tooltip.
+        const int room = edit->width() - 8;
+        edit->setToolTip(edit->fontMetrics().horizontalAdvance(text) > room ? text : QString());
         return;
     }
     if (f.text.empty()) return;

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QRegularExpressionValidator>
 
 namespace solvane {
 
@@ -17,6 +18,14 @@ void FieldEdits::Bind(QLineEdit* edit) {
         else
             fields_[name].text = text.toStdString();
     });
+}
+
+void FieldEdits::BindNumber(QLineEdit* edit) {
+    Bind(edit);
+    // Blanks around, a sign, digits and one decimal point: all that a number
+    // field's text may hold while it is typed.
+    static const QRegularExpression number(R"(^ *[-+]?[0-9]*\.?[0-9]* *$)");
+    edit->setValidator(new QRegularExpressionValidator(number, edit));
 }
 
 bool FieldEdits::eventFilter(QObject* watched, QEvent* event) {

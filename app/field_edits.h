@@ -24,6 +24,9 @@ class FieldEdits : public QObject {
                ChangeRule change = {});
     // Binds an edit box whose object name is its field name.
     void Bind(QLineEdit* edit);
+    // Binds a number field: besides the key rule, it takes nothing that is
+    // not the start of a number (a pasted "abc" or a typed "q" is refused).
+    void BindNumber(QLineEdit* edit);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

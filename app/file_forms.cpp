@@ -1,74 +1,103 @@
 #include "app/file_forms.h"
 
 #include <QDialogButtonBox>
+#include <QFileInfo>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QUrl>
 #include <QVBoxLayout>
 
-#include "app/file_lists.h"
+#include "app/form_helpers.h"
 
 namespace solvane {
 
-namespace {
+// ---- Qt's file dialog for projects ----------------------------------------------
 
-// OK and Cancel buttons named as the dialogs' fields.
-QDialogButtonBox* OkCancel(QDialog* dialog, const char* okName, const char* cancelName) {
-    auto* box = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    box->button(QDialogButtonBox::Ok)->setObjectName(okName);
-    box->button(QDialogButtonBox::Cancel)->setObjectName(cancelName);
-    dialog->layout()->addWidget(box);
-    return box;
+ProjectFileDialog::ProjectFileDialog(const ProjectFolders& folders, QWidget* parent)
+    : QFileDialog(parent) {
+    // Qt's own dialog rather than the desktop's, so that it takes the field
+    // names and behaves the same everywhere.
+    setOption(QFileDialog::DontUseNativeDialog);
+    setNameFilter("Project files (*.inp)");
+    setFilter(QDir::AllDirs | QDir::Files | QDir::NoDotAndDotDot);  // no hidden folders
+    const QList<QUrl> places = {QUrl::fromLocalFile(folders.projects),
+                                QUrl::fromLocalFile(folders.samples),
+                                QUrl::fromLocalFile(QDir::homePath()), QUrl::fromLocalFile("/")};
+    setSidebarUrls(places);
+    name_ = findChild<QLineEdit*>("fileNameEdit");
 }
 
-}  // namespace
+// The accept mode makes the buttons anew: they are named after it is set.
+void ProjectFileDialog::SetMode(QFileDialog::AcceptMode mode) {
+    setAcceptMode(mode);
+    setLabelText(QFileDialog::Accept, "OK");
+    if (auto* buttons = findChild<QDialogButtonBox*>()) {
+        for (QAbstractButton* b : buttons->buttons()) {
+            const auto role = buttons->buttonRole(b);
+            if (role == QDialogButtonBox::AcceptRole) b->setObjectName("OK");
+            if (role == QDialogButtonBox::RejectRole) b->setObjectName("Cancel");
+        }
+    }
+}
+
+void ProjectFileDialog::OpenIn(const QString& folder) {
+    setDirectory(folder);
+    show();
+    raise();
+    activateWindow();
+}
+
+// A folder typed or chosen is entered; a file goes to the controller, which
+// tells the user of anything wrong with it.
+void ProjectFileDialog::accept() {
+    const QStringList files = selectedFiles();
+    if (files.isEmpty()) return;
+    const QFileInfo info(files.front());
+    if (info.isDir()) {
+        setDirectory(info.absoluteFilePath());
+        if (name_) name_->clear();
+        return;
+    }
+    if (chosen) chosen(info.absoluteFilePath());
+}
+
+void ProjectFileDialog::reject() {
+    QFileDialog::reject();
+    if (cancelled) cancelled();
+}
+
+// ---- open --------------------------------------------------------------------------
 
 OldFileFormScreen::OldFileFormScreen(OldFileFormController& controller, Navigate navigate,
-                                     QWidget* parent)
-    : QDialog(parent), controller_(controller), navigate_(std::move(navigate)) {
+                                     const ProjectFolders& folders, QWidget* parent)
+    : ProjectFileDialog(folders, parent), controller_(controller), navigate_(std::move(navigate)) {
     setObjectName("oldfileform");
     setWindowTitle("Open Existing Project");
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(new QLabel("Project file name:"));
-    name_ = new QLineEdit;
-    name_->setObjectName("retrievefile");
-    layout->addWidget(name_);
-    lists_ = new FileLists(controller_.browser);
-    layout->addWidget(lists_);
-    auto* box = OkCancel(this, "OK", "Cancel");
-
-    connect(lists_, &FileLists::fileChosen, this, [this](int index) {
-        controller_.ChooseFile(index);
-        name_->setText(QString::fromStdString(controller_.retrievefile));
-    });
-    auto ok = [this] {
-        controller_.retrievefile = name_->text().toStdString();
+    SetMode(QFileDialog::AcceptOpen);
+    setFileMode(QFileDialog::AnyFile);  // a mistyped name is told by the controller
+    if (name_) name_->setObjectName("retrievefile");
+    chosen = [this](const QString& path) {
+        controller_.retrievefile = path.toStdString();
         hide();
         const Navigation nav = controller_.Ok();
         if (nav.show == Screen::None && !nav.endProgram) show();
         navigate_(nav);
     };
-    connect(lists_, &FileLists::fileActivated, this, [this, ok](int index) {
-        controller_.ChooseFile(index);
-        ok();
-    });
-    connect(box, &QDialogButtonBox::accepted, this, ok);
-    connect(box, &QDialogButtonBox::rejected, this, [this] {
-        hide();
-        navigate_(controller_.Cancel());
-    });
+    cancelled = [this] { navigate_(controller_.Cancel()); };
 }
 
 void OldFileFormScreen::Open(const std::string& folder) {
     controller_.Show(folder);
-    name_->setText(QString::fromStdString(controller_.retrievefile));
-    lists_->Refresh();
-    show();
-    raise();
+    if (name_) name_->clear();
+    OpenIn(QString::fromStdString(folder));
 }
+
+// ---- samples -------------------------------------------------------------------------
 
 SampleFileFormScreen::SampleFileFormScreen(SampleFileFormController& controller, Navigate navigate,
                                            QWidget* parent)
@@ -84,7 +113,10 @@ SampleFileFormScreen::SampleFileFormScreen(SampleFileFormController& controller,
     files_ = new QListWidget;
     files_->setObjectName("File1");
     layout->addWidget(files_);
-    auto* box = OkCancel(this, "OK", "Cancel");
+    auto* box = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    box->button(QDialogButtonBox::Ok)->setObjectName("OK");
+    box->button(QDialogButtonBox::Cancel)->setObjectName("Cancel");
+    layout->addWidget(box);
     connect(files_, &QListWidget::currentRowChanged, this,
             [this](int row) { controller_.selected = row; });
     auto ok = [this] {
@@ -99,6 +131,7 @@ SampleFileFormScreen::SampleFileFormScreen(SampleFileFormController& controller,
         hide();
         navigate_(controller_.Cancel());
     });
+    EscapeIsCancel(this);
 }
 
 void SampleFileFormScreen::Open() {
@@ -110,45 +143,44 @@ void SampleFileFormScreen::Open() {
     raise();
 }
 
+// ---- save ------------------------------------------------------------------------------
+
 SaveInputFormScreen::SaveInputFormScreen(Session& session, SaveInputFormController& controller,
-                                         Navigate navigate, QWidget* parent)
-    : QDialog(parent), session_(session), controller_(controller), navigate_(std::move(navigate)) {
+                                         Navigate navigate, const ProjectFolders& folders,
+                                         QWidget* parent)
+    : ProjectFileDialog(folders, parent),
+      session_(session),
+      controller_(controller),
+      navigate_(std::move(navigate)) {
     setObjectName("saveinputform");
     setWindowTitle("Save Project File");
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(new QLabel("Project file name:"));
-    name_ = new QLineEdit;
-    name_->setObjectName("inputname");
-    layout->addWidget(name_);
-    lists_ = new FileLists(controller_.browser);
-    layout->addWidget(lists_);
+    SetMode(QFileDialog::AcceptSave);
+    setFileMode(QFileDialog::AnyFile);
+    // The controller asks before replacing a file, in its own words.
+    setOption(QFileDialog::DontConfirmOverwrite);
+    if (name_) name_->setObjectName("inputname");
+
     auto* units = new QGroupBox("Save in");
-    auto* unitsLayout = new QVBoxLayout(units);
+    auto* unitsLayout = new QHBoxLayout(units);
     ownUnits_ = new QRadioButton;
     ownUnits_->setObjectName("unitsave_1");
     otherUnits_ = new QRadioButton;
     otherUnits_->setObjectName("unitsave_2");
     unitsLayout->addWidget(ownUnits_);
     unitsLayout->addWidget(otherUnits_);
-    layout->addWidget(units);
-    auto* box = OkCancel(this, "OK", "Cancel");
+    if (auto* grid = qobject_cast<QGridLayout*>(layout()))
+        grid->addWidget(units, grid->rowCount(), 0, 1, grid->columnCount());
 
-    connect(lists_, &FileLists::fileChosen, this, [this](int index) {
-        controller_.ChooseFile(index);
-        name_->setText(QString::fromStdString(controller_.inputname));
-    });
-    connect(box, &QDialogButtonBox::accepted, this, [this] {
-        controller_.inputname = name_->text().toStdString();
+    chosen = [this](const QString& path) {
+        controller_.inputname = path.toStdString();
         controller_.unitChoice = otherUnits_->isChecked() ? 2 : 1;
         const Navigation nav = controller_.Ok();
-        if (nav.show != Screen::None || nav.endProgram) hide();
-        lists_->Refresh();
-        navigate_(nav);
-    });
-    connect(box, &QDialogButtonBox::rejected, this, [this] {
+        if (nav.show == Screen::None && !nav.endProgram) return;  // stays for another name
         hide();
-        navigate_(controller_.Cancel());
-    });
+        if (saved) saved(QString::fromStdString(session_.model.session.InputFileName));
+        navigate_(nav);
+    };
+    cancelled = [this] { navigate_(controller_.Cancel()); };
 }
 
 void SaveInputFormScreen::Open(const std::string& folder) {
@@ -158,10 +190,9 @@ void SaveInputFormScreen::Open(const std::string& folder) {
     otherUnits_->setText(si ? "I-P Units" : "SI Units");
     ownUnits_->setChecked(controller_.unitChoice != 2);
     otherUnits_->setChecked(controller_.unitChoice == 2);
-    name_->setText(QString::fromStdString(controller_.inputname));
-    lists_->Refresh();
-    show();
-    raise();
+    OpenIn(QString::fromStdString(folder));
+    selectFile(QString::fromStdString(controller_.inputname));
+    if (controller_.inputname.empty() && name_) name_->clear();
 }
 
 }  // namespace solvane

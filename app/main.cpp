@@ -4,21 +4,14 @@
 #include <QMessageBox>
 #include <QPrinterInfo>
 #include <QScreen>
-#include <QStandardPaths>
 
 #include <iostream>
 
 #include "app/app_shell.h"
+#include "app/desktop_mime.h"
 #include "app/qt_prompt.h"
 
 namespace {
-
-// A program that can open the hourly output as a spreadsheet.
-bool SpreadsheetFound() {
-    for (const char* name : {"libreoffice", "localc", "soffice", "gnumeric", "calligrasheets"})
-        if (!QStandardPaths::findExecutable(name).isEmpty()) return true;
-    return false;
-}
 
 std::string HomeOption(const QStringList& args) {
     for (int i = 1; i < args.size(); ++i) {
@@ -49,7 +42,9 @@ int main(int argc, char** argv) {
     QObject::connect(&shell, &solvane::AppShell::programEnded, &app, &QApplication::quit);
 
     solvane::StartupEnvironment env;
-    env.spreadsheetFound = SpreadsheetFound();
+    // The hourly output opens as a spreadsheet through the desktop's opener
+    // for CSV files: the start-up alert is for a desktop that has none.
+    env.spreadsheetFound = solvane::DesktopOpens("text/csv");
     // Printing always has the PDF writer besides the installed printers.
     env.printerCount = static_cast<int>(QPrinterInfo::availablePrinters().size()) + 1;
     if (const QScreen* screen = QGuiApplication::primaryScreen()) {

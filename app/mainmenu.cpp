@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -26,6 +27,12 @@ QAction* AddAction(QMenu* menu, const QString& name, const QString& text) {
     return action;
 }
 
+// A caption shown as it is written: an "&" in it is a character, not the
+// mark of a shortcut letter.
+QString Literal(const QString& text) {
+    return QString(text).replace('&', "&&");
+}
+
 QMenu* AddMenu(QMenuBar* bar, const QString& name, const QString& title) {
     QMenu* menu = bar->addMenu(title);
     menu->setObjectName(name);
@@ -41,6 +48,11 @@ MainMenuScreen::MainMenuScreen(Session& session, MainMenuController& controller,
     setMinimumSize(820, 620);
     BuildMenus();
     BuildTasks();
+    // The status line, there from the start so that a message moves nothing;
+    // a label of its own, so that passing over the menus does not wipe it.
+    auto* status = new QLabel;
+    status->setObjectName("statusline");
+    statusBar()->addWidget(status, 1);
     timer_ = new QTimer(this);
     timer_->setObjectName("Timer1");
     timer_->setInterval(500);
@@ -79,22 +91,24 @@ void MainMenuScreen::BuildMenus() {
     const char* tableNames[] = {
         "Project Data",         "Zone Data",     "Monthly Summaries", "HVAC Design Data",
         "Peak Demand Profiles", "Cost Analysis", "Weather Summary",   "Space Comfort Conditions"};
-    for (int i = 0; i < 8; ++i) AddAction(tables, QString("Table_%1").arg(i + 1), tableNames[i]);
+    for (int i = 0; i < 8; ++i)
+        AddAction(tables, QString("Table_%1").arg(i + 1), Literal(tableNames[i]));
     QMenu* graphs = view->addMenu("Graphs");
     graphs->setObjectName("graph");
     const char* graphNames[] = {"Peak Heating Load",         "Peak Cooling Load",
                                 "Annual Heating Load",       "Annual Cooling Load",
                                 "Monthly Heating & Cooling", "Monthly Utility Costs",
                                 "Breakdown of Annual Energy"};
-    for (int i = 0; i < 7; ++i) AddAction(graphs, QString("graph_%1").arg(i + 1), graphNames[i]);
+    for (int i = 0; i < 7; ++i)
+        AddAction(graphs, QString("graph_%1").arg(i + 1), Literal(graphNames[i]));
     AddAction(view, "View_0", "Retrieve Previous Output File");
 
     QMenu* dtbase = AddMenu(bar, "dtbase", "&Mat'l / Systems Database");
     const char* dbNames[] = {"Wall/Roof/Floor Catalog", "Window & Skylight Catalog",
                              "HVAC System Types"};
     for (int i = 0; i < 3; ++i)
-        connect(AddAction(dtbase, QString("dbase_%1").arg(i + 1), dbNames[i]), &QAction::triggered,
-                this, [this, i] { Go(controller_.Database(i + 1)); });
+        connect(AddAction(dtbase, QString("dbase_%1").arg(i + 1), Literal(dbNames[i])),
+                &QAction::triggered, this, [this, i] { Go(controller_.Database(i + 1)); });
 
     help_ = new HelpViewer(session_.paths, this);
     QMenu* code = AddMenu(bar, "code", "&Energy Code Details");
@@ -104,7 +118,7 @@ void MainMenuScreen::BuildMenus() {
     int topic = 0;
     for (const auto& [title, file] : HelpTopics(session_.paths)) {
         connect(AddAction(tutorial, QString("helptopic_%1").arg(++topic),
-                          QString::fromStdString(title)),
+                          Literal(QString::fromStdString(title))),
                 &QAction::triggered, this, [this, file = file] { help_->ShowFile(file); });
     }
 }
@@ -168,6 +182,12 @@ void MainMenuScreen::BuildTasks() {
         pointer->setObjectName(QString("Image7_%1").arg(row));
         pointer->setPixmap(SvgPixmap(session_.paths, "arrow", 32, 16));
         grid->addWidget(pointer, row, 0);
+        auto* doneMark = new QLabel(QString::fromUtf8("\u2714"));
+        doneMark->setObjectName(QString("TaskDoneMark_%1").arg(row));
+        doneMark->setStyleSheet("color: #1a7f37; font-weight: bold;");
+        doneMark->setToolTip("Done");
+        doneMark->setVisible(false);
+        grid->addWidget(doneMark, row, 3);
         if (t.icon) {
             auto* icon = new QToolButton;
             icon->setObjectName(t.icon);
@@ -207,6 +227,19 @@ void MainMenuScreen::BuildTasks() {
     layout->addLayout(bottom);
 
     setCentralWidget(central);
+
+    // What blinks or comes and goes keeps its place, so that nothing moves
+    // under the pointer while the user is meant to click it.
+    for (QWidget* w : central->findChildren<QWidget*>()) {
+        const QString name = w->objectName();
+        if (name == "Label8" || name == "Image9" || name == "Image10" || name == "Image11" ||
+            name.startsWith("Image8_") || name.startsWith("Image7_") ||
+            name.startsWith("TaskDoneMark_")) {
+            QSizePolicy policy = w->sizePolicy();
+            policy.setRetainSizeWhenHidden(true);
+            w->setSizePolicy(policy);
+        }
+    }
 }
 
 void MainMenuScreen::Activate() {

@@ -60,7 +60,9 @@ ProjectInfoScreen::ProjectInfoScreen(ProjectInfoController& controller,
     auto* grid = new QGridLayout;
     for (int i = 0; i <= 13; ++i) {
         grid->addWidget(new QLabel(kCaptions[i]), i, 0);
-        QLineEdit* e = AddEdit(grid, i, 1, QString("projectid_%1").arg(i), edits);
+        // Year, orientation, floor area, cost, days and holidays are numbers.
+        const bool number = i >= 6 && i <= 11;
+        QLineEdit* e = AddEdit(grid, i, 1, QString("projectid_%1").arg(i), edits, 0, number);
         e->setMinimumWidth(360);
         if (i == 0 || i == 13) e->setReadOnly(true);
     }
@@ -80,6 +82,7 @@ ProjectInfoScreen::ProjectInfoScreen(ProjectInfoController& controller,
     connect(AddButton(buttons, "Cancel", "Cancel"), &QPushButton::clicked, this,
             [this] { Act(controller_.CancelProject()); });
     layout->addLayout(buttons);
+    EscapeIsCancel(this);
 
     auto* timer = new QTimer(this);
     timer->setObjectName("Timer1");

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "app/field_binding.h"
+#include "app/form_helpers.h"
 
 namespace solvane {
 
@@ -38,6 +39,7 @@ WarningScreen::WarningScreen(Session& session, ExitWarningController& controller
     connect(okey, &QPushButton::clicked, this, [this, act] { act(controller_.Okey()); });
     connect(leave, &QPushButton::clicked, this, [this, act] { act(controller_.Command1()); });
     connect(cancel, &QPushButton::clicked, this, [this, act] { act(controller_.Cancel()); });
+    EscapeIsCancel(this);
 }
 
 void WarningScreen::Refresh() {

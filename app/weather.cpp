@@ -10,9 +10,11 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
+#include <string_view>
 
 #include "app/field_binding.h"
 #include "app/field_edits.h"
+#include "app/form_helpers.h"
 #include "core/numeric_helpers.h"
 
 namespace solvane {
@@ -118,7 +120,10 @@ WeatherDataScreen::WeatherDataScreen(WeatherScreen& controller,
         if (i == 2) caption->setObjectName("longlabel");
         station->addWidget(caption, 0, i);
         auto* e = Cell(stationFields[i], 70);
-        edits_->Bind(e);
+        if (i == 0)
+            edits_->Bind(e);
+        else
+            edits_->BindNumber(e);
         station->addWidget(e, 1, i);
     }
     const char* climateFields[] = {"HDDV", "CDDV", "CLzoneV"};
@@ -153,7 +158,7 @@ WeatherDataScreen::WeatherDataScreen(WeatherScreen& controller,
         months->addWidget(new QLabel(kRowCaptions[row]), row, 0);
         for (int m = 1; m <= 12; ++m) {
             auto* e = Cell(QString("%1_%2").arg(WeatherScreen::kRowNames[row]).arg(m));
-            edits_->Bind(e);
+            edits_->BindNumber(e);
             months->addWidget(e, row, m);
         }
         auto* unit = new QLabel;
@@ -174,7 +179,7 @@ WeatherDataScreen::WeatherDataScreen(WeatherScreen& controller,
         extremeGrid->addWidget(new QLabel(extremeCaptions[k]), k + 1, 0);
         for (int m = 1; m <= 12; ++m) {
             auto* e = Cell(QString("%1_%2").arg(extremeNames[k]).arg(m));
-            edits_->Bind(e);
+            edits_->BindNumber(e);
             extremeGrid->addWidget(e, k + 1, m);
             // Leaving a filled cell derives the month's deviations from it.
             connect(e, &QLineEdit::editingFinished, this, [this, k, m, e] {
@@ -204,10 +209,15 @@ WeatherDataScreen::WeatherDataScreen(WeatherScreen& controller,
     for (const Button& b : list) {
         auto* button = new QPushButton(b.caption);
         button->setObjectName(b.name);
+        // Enter never writes the climate file: OK, which changes nothing on
+        // disk, is the one default button.
+        button->setAutoDefault(false);
+        button->setDefault(std::string_view(b.name) == "OK");
         buttons->addWidget(button);
         connect(button, &QPushButton::clicked, this, [this, a = b.action] { Act(a()); });
     }
     layout->addLayout(buttons);
+    EscapeIsCancel(this);
 
     connect(states_, &QComboBox::textActivated, this, [this](const QString& text) {
         controller_.ChooseState(text.toStdString());

@@ -1,4 +1,6 @@
 #include "core/exit_warning.h"
+
+#include <string>
 namespace solvane {
 
 ExitWarningController::ExitWarningController(Session& session, Prompt& prompt,
@@ -16,6 +18,22 @@ Navigation ExitWarningController::Okey() {
         if (!services_.writeProjectFile(session_, prompt_)) return {};
         ClearStagingFiles();
         return {Screen::None, false, true};
+    }
+    // A project that the hub's Save would refuse is not written on the way
+    // out either: the user is told why and chooses between leaving without
+    // it and going back to it.
+    const char* missing = nullptr;
+    if (m.flags.TaskDone[2] == 0 && m.flags.ProjectFromFile == 0)
+        missing = "Please enter the weather data before saving the input file.";
+    else if (m.flags.TaskDone[4] == 0)
+        missing = "Please sketch your building before saving the input file.";
+    if (missing) {
+        const Answer a = prompt_.Ask(std::string(missing) + "\r\n\r\n" +
+                                         "This project cannot be saved yet.  Do you want to exit "
+                                         "without saving it?",
+                                     "Save and Exit", Buttons::YesNo, Icon::Exclamation);
+        if (a == Answer::Yes) return Command1();
+        return {Screen::MainMenu, true, false};
     }
     if (session_.Available(Screen::SaveInputForm)) {
         m.flags.ExitAfterSave = 1;

@@ -138,6 +138,33 @@ void MainMenuController::Refresh() {
 
     m.ProjectData[kClimateZoneCopy] = m.session.ClimateZone;
     m.ProjectData[kCodeNameCopy] = m.session.CodeName;
+    ShowProgress();
+}
+
+// The hub shows where the user is: a done mark (`TaskDoneMark`) on each
+// finished task, and the arrow (`Image7`) on the next task to do only, never
+// on a finished or a closed one.
+void MainMenuController::ShowProgress() {
+    ScreenFields& f = session_.mainmenu;
+    const ProjectModel& m = session_.model;
+    const auto& done = m.flags.TaskDone;
+    const bool finished[] = {done[6] == 1 || m.session.CodeNum != 0,
+                             done[2] == 1,
+                             done[1] == 1,
+                             done[3] == 1,
+                             done[4] == 1,
+                             done[5] == 1,
+                             m.flags.RunDone == 1};
+    static constexpr const char* kLabels[] = {
+        "CodeStatus",     "weatherdata",     "projectinformation", "economicsdata",
+        "buildingsketch", "zonedescription", "executerun"};
+    bool placed = false;
+    for (int row = 0; row < 7; ++row) {
+        f.At("TaskDoneMark", row).visible = finished[row];
+        const bool next = !placed && !finished[row] && f[kLabels[row]].enabled;
+        f.At("Image7", row).visible = next;
+        placed = placed || next;
+    }
 }
 
 void MainMenuController::TimerTick() {
@@ -150,8 +177,7 @@ void MainMenuController::TimerTick() {
         session_.TimerBlinkOn = true;
         f["Label8"].visible = true;
     }
-    // The arrow towards the next task: project information.
-    f.At("Image7", 2).visible = m.flags.ProjectTouched == 1;
+    ShowProgress();
     session_.TimerPicture = session_.TimerPicture % 21 + 1;
     for (int i = 1; i <= 21; ++i) f.At("Image2", i).visible = i == session_.TimerPicture;
 }
@@ -177,6 +203,13 @@ Navigation MainMenuController::NewProject() {
         m.flags.FreshSession = 1;
         m.session.ProjectTitle.clear();
         ResetProject(session_);
+        // Nothing of the previous project's building type, climate and place
+        // stays behind to pass for the new one's: all are as at start-up.
+        m.session.BuildingType = 0;
+        m.ProjectData[kBldType].clear();
+        m.session.ClimateZone = "1";
+        m.climate.LocationCity.clear();
+        m.climate.LocationState.clear();
         for (int i = 1; i <= 6; ++i) m.flags.TaskDone[i] = 0;
         m.flags.DefaultsApplied = 0;
         m.flags.OutputAvailable = 0;

@@ -67,6 +67,7 @@ class MainMenuController {
 
   private:
     void DisableTasksButCodeAndWeather();
+    void ShowProgress();
     void SetTask(const char* label, const char* icon, bool enabled);
     bool Open(Screen s) const { return session_.Available(s); }
     void BuildCaption();

@@ -9,8 +9,8 @@
 #include <fstream>
 
 #include "core/numeric_helpers.h"
-#include "core/text_file.h"
 #include "core/text_cuts.h"
+#include "core/text_file.h"
 
 namespace fs = std::filesystem;
 
@@ -263,9 +263,42 @@ ResultsName NameForResults(const Session& session, const std::string& dialogName
 
 // ---- opening ------------------------------------------------------------------------------
 
+namespace {
+
+// The files a read rewrites beside the model: the zone staging files and the
+// building matrix. Kept before a read so that a damaged file leaves them as
+// the open project had them.
+class StagedFiles {
+  public:
+    explicit StagedFiles(const ProgramPaths& paths) : paths_(paths) {
+        std::error_code ec;
+        for (fs::directory_iterator it(paths.Resolve("\\temp"), ec), end; !ec && it != end;
+             it.increment(ec))
+            if (Matches("*.zon", it->path().filename().string())) Keep(it->path());
+        Keep(paths.Resolve("\\sketch\\bld_mtx.all"));
+    }
+    void Restore() const {
+        DeleteStagedZones(paths_);
+        for (const auto& [path, content] : kept_) {
+            std::error_code ec;
+            if (content)
+                WriteFileAtomic(path, *content);
+            else
+                fs::remove(path, ec);
+        }
+    }
+
+  private:
+    void Keep(const fs::path& path) { kept_.emplace_back(path, ReadTextFile(path)); }
+
+    const ProgramPaths& paths_;
+    std::vector<std::pair<fs::path, std::optional<std::string>>> kept_;
+};
+
+}  // namespace
+
 Navigation OpenProjectFromPath(Session& session, Prompt& prompt, const ProjectFileHooks& hooks,
                                const std::string& path, const std::string& retrievedTitle) {
-    ProjectModel& m = session.model;
     // The file is read whole before anything of the open project is let go,
     // so that a mistyped name leaves everything as it was.
     const auto content = ReadTextFile(path);
@@ -275,23 +308,34 @@ Navigation OpenProjectFromPath(Session& session, Prompt& prompt, const ProjectFi
                    "Open Project", Buttons::Ok, Icon::Exclamation);
         return {};
     }
-    if (m.flags.ProjectFromFile == 1) {
-        DeleteStagedZones(session.paths);
+    // A file that is not a project (or a damaged one) must not cost the user
+    // the project in memory: the read goes into a scratch session, which takes
+    // the place of the open one only when the whole file was read. After the
+    // "Surprise" prompt the program goes on with the project it had.
+    const StagedFiles staged(session.paths);
+    Session scratch = session;
+    ProjectModel& sm = scratch.model;
+    if (sm.flags.ProjectFromFile == 1) {
+        DeleteStagedZones(scratch.paths);
         for (int i = 0; i <= 3; ++i) {
-            m.economics.DemandRateLimit[i].clear();
-            m.economics.DemandRateCost[i].clear();
+            sm.economics.DemandRateLimit[i].clear();
+            sm.economics.DemandRateCost[i].clear();
         }
-        m.economics.NumDemandRates = 0;
+        sm.economics.NumDemandRates = 0;
     }
     for (const auto& task : kTaskFields) {
-        session.mainmenu[task[0]].enabled = session.mainmenu[task[0]].visible = true;
-        session.mainmenu[task[1]].enabled = session.mainmenu[task[1]].visible = true;
+        scratch.mainmenu[task[0]].enabled = scratch.mainmenu[task[0]].visible = true;
+        scratch.mainmenu[task[1]].enabled = scratch.mainmenu[task[1]].visible = true;
     }
 
-    m.session.InputFileName = path;
-    if (hooks.loadScheduleLibrary) hooks.loadScheduleLibrary(session, prompt);
-    if (ReadProjectFile(session, prompt, *content, path, hooks) == ReadStatus::EndProgram)
-        return {Screen::None, true, true};
+    sm.session.InputFileName = path;
+    if (hooks.loadScheduleLibrary) hooks.loadScheduleLibrary(scratch, prompt);
+    if (ReadProjectFile(scratch, prompt, *content, path, hooks) == ReadStatus::Damaged) {
+        staged.Restore();
+        return {};
+    }
+    session = std::move(scratch);
+    ProjectModel& m = session.model;
     m.session.InputFileShortName = m.session.InputFileName;
 
     WriteFileAtomic(session.paths.Resolve("/temp/wthChange.txt"), "1\r\n");
@@ -305,6 +349,18 @@ Navigation OpenProjectFromPath(Session& session, Prompt& prompt, const ProjectFi
 
     session.mainmenu.caption =
         "SOLVANE 2020 Project:... Energy Code = " + session.labels.CodeTitle[m.session.CodeNum];
+    // A file saved before its location was chosen has no climate zone: it
+    // opens, and the weather task is to be done again before anything that
+    // depends on the climate.
+    if (!NamesClimateZone(m.session.ClimateZone)) {
+        m.flags.TaskDone[2] = 0;
+        m.flags.LocationKnown = 0;
+        prompt.Ask(
+            "This project names no climate zone, so its location and its envelope "
+            "defaults are not known." +
+                std::string(CrLf) + "Please select its weather data again (task 2).",
+            "No climate zone", Buttons::Ok, Icon::Exclamation);
+    }
     prompt.Ask("Your Project is ready for review and/or Execution", retrievedTitle, Buttons::Ok,
                Icon::Information);
     return {Screen::MainMenu, true, false};
@@ -397,6 +453,13 @@ void SaveInputFormController::Show(const std::string& folder) {
     browser.Drive1 = ListPlaces();
     browser.ChangeFolder(folder);
     results.reset();
+    // The dialog offers the project's own file, or nothing for a project that
+    // has none yet, always in the project's own units: nothing of an earlier
+    // save carries over to a new project.
+    const ProjectModel& m = session_.model;
+    inputname = m.flags.ProjectFromFile == 1 ? fs::path(m.session.InputFileName).filename().string()
+                                             : std::string();
+    unitChoice = 1;
 }
 
 void SaveInputFormController::ChooseFile(int index) {

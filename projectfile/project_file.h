@@ -58,20 +58,24 @@ void WriteProjectFileToIP(const Session& session, LineWriter& out);
 // ---- reading -----------------------------------------------------------------
 
 enum class ReadStatus {
-    Read,        // the model holds the project
-    EndProgram,  // the file was damaged; the user has been told, the program must end
+    Read,     // the model holds the project
+    Damaged,  // the file was damaged; the user has been told, the model is incomplete
 };
 
 // Reads a whole project file into the model, stages each zone's surfaces in
 // \temp\temp<zone>.zon and the building matrix in \sketch\bld_mtx.all. Any
-// error in the file shows the "Surprise" prompt and gives EndProgram; the
-// model is then incomplete and nothing more may be written from it.
+// error in the file shows the "Surprise" prompt and gives Damaged; the model
+// is then incomplete, so callers read into a scratch session and keep it only
+// when the read succeeds.
 ReadStatus ReadProjectFile(Session& session, Prompt& prompt, std::string_view content,
                            const std::string& fileName, const ProjectFileHooks& hooks);
 
 // Takes the weather seed and the format number from the first line of
 // `InputFileName`. False when the file cannot be read.
 bool ReadHeadLine(ProjectModel& model);
+
+// Whether a climate zone text names one of the zones 1 to 8.
+bool NamesClimateZone(const std::string& climateZone);
 
 // The text of the "Surprise" prompt for a run-time error's own text.
 std::string SurpriseText(const std::string& errorText);

@@ -9,10 +9,10 @@
 
 #include "core/item_reader.h"
 #include "core/numeric_helpers.h"
+#include "core/text_cuts.h"
 #include "core/text_file.h"
 #include "core/unit_factors.h"
 #include "projectfile/project_file.h"
-#include "core/text_cuts.h"
 
 namespace solvane {
 
@@ -197,7 +197,10 @@ void Reader::ReadClimateAndEconomics() {
 // A catalog entry is placed at the index its id names, so a read catalog may
 // have gaps. At most 20 entries are read from a block.
 void Reader::ReadCatalogs() {
-    if (hooks_.loadEnvelopeDefaults) hooks_.loadEnvelopeDefaults(s_, prompt_);
+    // The defaults are those of the climate zone; a file that names none has
+    // only its own entries (the opener tells the user).
+    if (hooks_.loadEnvelopeDefaults && NamesClimateZone(m_.session.ClimateZone))
+        hooks_.loadEnvelopeDefaults(s_, prompt_);
     WallCatalog& w = m_.walls;
     WindowCatalog& g = m_.windows;
     for (int i = 1; i <= 20; ++i) w.WallUsed[i] = g.WindowUsed[i] = 0;
@@ -404,6 +407,11 @@ void Reader::Read() {
 
 }  // namespace
 
+bool NamesClimateZone(const std::string& climateZone) {
+    const double zone = NumVal(climateZone);
+    return zone >= 1 && zone <= 8;
+}
+
 std::string SurpriseText(const std::string& errorText) {
     return errorText + std::string(CrLf) + "Error in Retrieval of Input";
 }
@@ -415,7 +423,7 @@ ReadStatus ReadProjectFile(Session& session, Prompt& prompt, std::string_view co
         return ReadStatus::Read;
     } catch (const std::exception& e) {
         prompt.Ask(SurpriseText(e.what()), "Surprise", Buttons::Ok, Icon::Exclamation);
-        return ReadStatus::EndProgram;
+        return ReadStatus::Damaged;
     }
 }
 

@@ -174,6 +174,25 @@ bool WriteHvacCoolingFile(const std::array<HvacScreenRow, kHvacSystems + 1>& row
     return WriteFileAtomic(paths.Resolve(kHvacCoolingFile), HvacCoolingText(rows, units));
 }
 
+namespace {
+
+// Costs are kept per ton of cooling; SI screens show them per kW
+// (1 ton of refrigeration = 12,000 Btu/h = 3.51685 kW).
+constexpr double kKwPerTon = 3.51685;
+
+std::string PerKw(const std::string& perTon) {
+    return NumText(RoundOff(NumVal(perTon) / kKwPerTon, 2));
+}
+
+// The cost per ton behind a cell: the catalog's own figure while the cell
+// still shows it, otherwise the figure typed, per kW.
+std::string PerTon(const std::string& cell, const std::string& perTon) {
+    if (cell == PerKw(perTon)) return perTon;
+    return NumText(RoundOff(NumVal(cell) * kKwPerTon, 1));
+}
+
+}  // namespace
+
 HvacController::HvacController(Session& session, Prompt& prompt)
     : session_(session), prompt_(prompt) {}
 
@@ -200,6 +219,8 @@ bool HvacController::Open() {
         fields["seer_caption"].text = "Cooling COP";
         fields["temp_caption"].text = "Supply Temp (C)";
     }
+    fields["fcost_caption"].text = si ? "1st Cost ($/kW)" : "1st Cost ($/ton)";
+    fields["mcost_caption"].text = si ? "Maint. Cost ($/kW)" : "Maint. Cost ($/ton)";
     for (int s = 1; s <= kHvacSystems; ++s) {
         const HvacRow& r = m.hvac.HvacCatalog[s];
         fields.At("id", s).text = r.id;
@@ -209,8 +230,8 @@ bool HvacController::Open() {
         fields.At("stpres", s).text = si ? r.stpresPa : r.stpresIn;
         fields.At("seer", s).text = si ? r.cop : r.seer;
         fields.At("temp", s).text = si ? r.tempC : r.tempF;
-        fields.At("fcost", s).text = r.fcost;
-        fields.At("mcost", s).text = r.mcost;
+        fields.At("fcost", s).text = si ? PerKw(r.fcost) : r.fcost;
+        fields.At("mcost", s).text = si ? PerKw(r.mcost) : r.mcost;
         fields.At("Heater", s).text = r.Heater;
         fields.At("HTCOP", s).text = r.HTCOP;
     }
@@ -236,6 +257,11 @@ std::array<HvacScreenRow, kHvacSystems + 1> HvacController::ScreenRows() {
         r.temp = fields.At("temp", s).text;
         r.fcost = fields.At("fcost", s).text;
         r.mcost = fields.At("mcost", s).text;
+        if (session_.model.session.Units == 2) {
+            const HvacRow& kept = session_.model.hvac.HvacCatalog[s];
+            r.fcost = PerTon(r.fcost, kept.fcost);
+            r.mcost = PerTon(r.mcost, kept.mcost);
+        }
         r.Heater = fields.At("Heater", s).text;
         r.HTCOP = fields.At("HTCOP", s).text;
     }

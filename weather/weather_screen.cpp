@@ -1,5 +1,7 @@
 #include "weather/weather_screen.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cmath>
 
 #include "core/item_reader.h"
@@ -143,27 +145,52 @@ void WeatherScreen::Activate() {
     if (index_.RegionSummary[1].empty()) FillRegionSummaries(index_);
     ShowRegionLines();
 
+    // A project with a location opens the screen on its own state and city.
+    TakeProjectLocation();
     fields["sttext"].text = CurrentState;
     fields["citytext"].text = CurrentCity;
     fields["Combo3"].text = CurrentCity;
-    for (int r = 1; r <= kRegions; ++r) {
-        bool found = false;
+    bool found = false;
+    for (int r = 1; r <= kRegions && !found; ++r) {
         for (int i = 1; i <= index_.RegionStateCount[r] && !found; ++i)
             found = index_.StateName[r][i] == CurrentState;
-        if (found) {
-            CurrentRegion = r;
-            break;
-        }
+        if (found) CurrentRegion = r;
     }
     CheckRegionOption();
-    if (CurrentRegion == 1) CurrentState = "Alabama";
-    if (CurrentRegion == 2) CurrentState = "Alberta";
+    // Only a state that is in no region falls back to the region's first one;
+    // a known state stays, so that OK keeps the project's location whole.
+    if (!found && CurrentRegion == 1) CurrentState = "Alabama";
+    if (!found && CurrentRegion == 2) CurrentState = "Alberta";
+    fields["Combo1"].text = fields["sttext"].text;
     LoadPictures();
 
     FillStateList();
     ListStateCities();
     LoadFieldsFromWeatherData();
     FindCityRecord();
+}
+
+void WeatherScreen::TakeProjectLocation() {
+    const std::string line = cuts::TrimRight(cuts::Left(model_.climate.WeatherData[2], 50));
+    const std::size_t comma = line.find(", ");
+    if (comma == std::string::npos) return;
+    // The state is followed by the station's marker: the longest state name
+    // of any region that the text after the comma begins with.
+    const std::string rest = line.substr(comma + 2);
+    std::string state;
+    for (int r = 1; r <= kRegions; ++r) {
+        for (int i = 1; i <= index_.RegionStateCount[r]; ++i) {
+            const std::string& name = index_.StateName[r][i];
+            const bool starts =
+                rest.compare(0, name.size(), name) == 0 &&
+                (rest.size() == name.size() ||
+                 std::string_view(" #!*@").find(rest[name.size()]) != std::string_view::npos);
+            if (starts && name.size() > state.size()) state = name;
+        }
+    }
+    if (state.empty()) return;
+    CurrentState = state;
+    CurrentCity = line.substr(0, comma);
 }
 
 void WeatherScreen::LoadFieldsFromWeatherData() {
@@ -534,9 +561,45 @@ Navigation WeatherScreen::Cancel() {
     return Navigation{Screen::MainMenu, true, false};
 }
 
+namespace {
+
+bool SameLetters(std::string_view a, std::string_view b) {
+    return a.size() == b.size() &&
+           std::equal(a.begin(), a.end(), b.begin(), [](unsigned char x, unsigned char y) {
+               return std::toupper(x) == std::toupper(y);
+           });
+}
+
+}  // namespace
+
+// Letter case aside, as the state field folds what is typed to capitals.
+bool WeatherScreen::StationListed(const std::string& city, const std::string& state) const {
+    const std::vector<std::string> lines = SplitLines(ReadRegionFile(paths_, CurrentRegion));
+    for (std::size_t at = 1; at < lines.size(); at += kRecordLines) {
+        const std::string name = cuts::TrimRight(ParseNameLine(lines[at]).name);
+        const std::size_t comma = name.find(", ");
+        if (comma == std::string::npos || !SameLetters(name.substr(0, comma), city)) continue;
+        const std::string rest = name.substr(comma + 2);
+        if (rest.size() >= state.size() &&
+            SameLetters(std::string_view(rest).substr(0, state.size()), state) &&
+            (rest.size() == state.size() ||
+             std::string_view(" #!*@").find(rest[state.size()]) != std::string_view::npos))
+            return true;
+    }
+    return false;
+}
+
 Navigation WeatherScreen::SaveAsNew() {
     if (CityEdited == 0) {
         RewriteRegionFile();  // tells the user that nothing was entered
+        return Navigation{};
+    }
+    const std::string city = cuts::TrimRight(fields["citytext"].text);
+    const std::string state = cuts::TrimRight(fields["sttext"].text);
+    if (StationListed(city, state)) {
+        prompt_.Ask("A station named \"" + city + "\" is already listed for " + state +
+                        ".  Please give the new station another name.",
+                    "Save As New", Buttons::Ok, Icon::Exclamation);
         return Navigation{};
     }
     CityAddNew = 1;

@@ -106,6 +106,9 @@ class WeatherScreen {
     // information screen.
     std::function<void(const std::string&)> locationChanged;
 
+    // Whether the current region's file has a station of this city and state.
+    bool StationListed(const std::string& city, const std::string& state) const;
+
   private:
     int Units() const { return model_.session.Units; }
     std::string& Cell(int row, int month);
@@ -113,6 +116,8 @@ class WeatherScreen {
     void FillStateList();
     void ShowRegionLines();
     void CheckRegionOption();
+    // CurrentState and CurrentCity from the project's location line.
+    void TakeProjectLocation();
     void LoadFieldsFromWeatherData();
     std::string LocationText() const;
 

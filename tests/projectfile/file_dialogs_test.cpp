@@ -283,9 +283,15 @@ TEST_F(DialogTest, OpenOfAMissingOrDamagedFile) {
 
     Touch(projects_ / "broken.inp", "SOLVANE   .5        4  IP\r\nBld. Type Office 21\r\n");
     open.retrievefile = "broken.inp";
+    other.model.ProjectData[kProjName] = "Kept";
     const Navigation broken = open.Ok();
-    EXPECT_TRUE(broken.endProgram);
+    EXPECT_FALSE(broken.endProgram);
+    EXPECT_EQ(broken.show, Screen::None);
     EXPECT_EQ(prompt.asked.back().title, "Surprise");
+    // The project in memory and its staging files are as they were.
+    EXPECT_EQ(other.model.ProjectData[kProjName], "Kept");
+    EXPECT_EQ(other.model.flags.ProjectFromFile, 1);
+    EXPECT_TRUE(fs::exists(folder_->Root() / "temp" / "temp9-9.zon"));
 }
 
 TEST_F(DialogTest, SampleListDropsTheBracketsAndOpens) {

@@ -267,7 +267,7 @@ TEST_F(ReaderTest, TwelveGroupsPutTheReaderOutOfStep) {
     ScriptedPrompt prompt;
     EXPECT_EQ(
         ReadProjectFile(other, prompt, test::WholeFile(source_), "office.inp", test::TitleHooks()),
-        ReadStatus::EndProgram);
+        ReadStatus::Damaged);
     EXPECT_EQ(other.model.profiles.Types[kHotWater].GroupNum[0], "0");
     ASSERT_EQ(prompt.asked.size(), 1u);
     EXPECT_NE(prompt.asked[0].text.find("Input past end of file"), std::string::npos);
@@ -289,8 +289,8 @@ TEST_F(ReaderTest, MoreThanTwentyCatalogEntriesAreWrittenButNotAllRead) {
 }
 
 // A damaged file never crashes: the "Surprise" prompt names the error, and
-// the caller is told to end the program.
-TEST_F(ReaderTest, DamagedFilesEndTheProgramWithTheSurprisePrompt) {
+// the caller is told the model is incomplete.
+TEST_F(ReaderTest, DamagedFilesGiveTheSurprisePrompt) {
     const int zones = FindLine(file_, "ZONES");
     const int walls = FindLine(file_, "WALL AND ROOF PROPERTIES");
     const struct {
@@ -313,7 +313,7 @@ TEST_F(ReaderTest, DamagedFilesEndTheProgramWithTheSurprisePrompt) {
         s.paths = target_.paths;
         ScriptedPrompt prompt;
         EXPECT_EQ(ReadProjectFile(s, prompt, c.text, "office.inp", test::TitleHooks()),
-                  ReadStatus::EndProgram);
+                  ReadStatus::Damaged);
         ASSERT_EQ(prompt.asked.size(), 1u);
         EXPECT_EQ(prompt.asked[0].title, "Surprise");
         EXPECT_EQ(prompt.asked[0].icon, Icon::Exclamation);

@@ -186,13 +186,18 @@ TEST(HvacScreen, NoCodeNoScreenAndEditsAskBeforeWriting) {
     EXPECT_EQ(c.fields.At("stpres", 1).text, " 1020");
     EXPECT_EQ(c.Ok().show, Screen::MainMenu);  // nothing edited
 
+    // SI shows the costs per kW; the database keeps them per ton.
+    EXPECT_EQ(c.fields["fcost_caption"].text, "1st Cost ($/kW)");
+    const std::string row1PerTon = session.model.hvac.HvacCatalog[1].fcost;
+    EXPECT_NEAR(NumVal(c.fields.At("fcost", 1).text) * 3.51685, NumVal(row1PerTon), 0.02);
     c.Edit("fcost", 3, "2500");
     prompt.Queue(Answer::Yes);
     EXPECT_EQ(c.Ok().show, Screen::None);
     EXPECT_EQ(prompt.asked.back().text, "The HVAC system database has been updated.");
     const auto text = ReadTextFile(folder.Paths().Resolve(kHvacCoolingFile));
     ASSERT_TRUE(text.has_value());
-    EXPECT_NE(text->find("2500"), std::string::npos);
+    EXPECT_NE(text->find("8792.1"), std::string::npos);  // 2500 $/kW
+    EXPECT_NE(text->find(" " + row1PerTon + " "), std::string::npos) << row1PerTon;
     EXPECT_FALSE(c.HvacEdited);
 }
 
