@@ -501,6 +501,9 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 in.tCool = (hvac && zone.coolingSetpointProfile >= 0)
                                ? prof(zone.coolingSetpointProfile)
                                : 1e30;
+                in.tVent = zone.naturalVentFlow > 0
+                               ? (in.tHeat > -1e29 ? in.tHeat : opt.comfortLower) + 1.0
+                               : 1e30;
                 in.heatCapacity = zone.heatingCapacity;
                 in.coolCapacity = zone.coolingCapacity;
                 const double oaFlow =
@@ -528,6 +531,7 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                     const double rhoCp = AirDensity(pressure, st.tAir) * kAirCp;
                     in.gInfiltration = rhoCp * zone.volume * zone.infiltrationAch / 3600.0;
                     in.gOutdoorAir = rhoCp * oaFlow;
+                    in.gNaturalVentMax = rhoCp * zone.naturalVentFlow;
                     const StepResult r = detail::StepZone(st, in, dt);
                     hourT += r.tAir * invSteps;
                     std::array<double, kComponentCount> gains = r.gains;

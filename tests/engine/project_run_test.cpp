@@ -29,8 +29,9 @@ ProjectRunInputs LoadCase(const std::string& name, int runType) {
     const auto text = ReadTextFile(kSource + "/tests/engine/projects/" + name);
     EXPECT_TRUE(text.has_value());
     EXPECT_EQ(ReadProjectFile(session, prompt, *text, name, {}), ReadStatus::Read);
+    const auto matrix = ReadTextFile(session.paths.Resolve("\\sketch\\bld_mtx.all"));
     std::filesystem::remove_all(dir);
-    return TranslateProject(session.model, runType);
+    return TranslateProject(session.model, runType, matrix ? *matrix : std::string());
 }
 
 const WeatherYear& Denver() {
@@ -63,9 +64,9 @@ TEST(ProjectRun, TranslationKeepsTheCase600Inputs) {
 }
 
 TEST(ProjectRun, ProjectFilesLandNearTheLayeredCases) {
-    // The project route fits each construction from three figures, takes a
-    // ten-foot storey for the air volume and the receptacles' radiant share:
-    // within 12 percent of the layered description.
+    // What remains between the two routes: the receptacles' radiant share
+    // (0.3 by their kind, the case's gain 0.6), the floor open to sun and
+    // wind, and the class layers behind each catalog entry.
     for (bool heavy : {false, true}) {
         const ProjectRunInputs in = LoadCase(heavy ? "case900.inp" : "case600.inp", 3);
         RunOptions opt;
@@ -73,8 +74,8 @@ TEST(ProjectRun, ProjectFilesLandNearTheLayeredCases) {
         const ZoneResults p = Simulate(in.building, Denver(), opt).zones[0];
         const ZoneResults d =
             Simulate(testing::BestestBuilding(heavy, false), Denver(), opt).zones[0];
-        EXPECT_NEAR(p.heatingEnergy, d.heatingEnergy, 0.12 * d.heatingEnergy) << heavy;
-        EXPECT_NEAR(p.coolingEnergy, d.coolingEnergy, 0.12 * d.coolingEnergy) << heavy;
+        EXPECT_NEAR(p.heatingEnergy, d.heatingEnergy, 0.04 * d.heatingEnergy) << heavy;
+        EXPECT_NEAR(p.coolingEnergy, d.coolingEnergy, 0.04 * d.coolingEnergy) << heavy;
         EXPECT_LT(p.BalanceError(), 1e-3);
     }
 }

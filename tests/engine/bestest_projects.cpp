@@ -1,0 +1,40 @@
+// The ASHRAE 140 cases through the project route: the project reader
+// stages the file into a scratch program folder, the engine's translation
+// reads the model and the building matrix.
+#include <filesystem>
+#include <stdexcept>
+
+#include "bestest_cases.h"
+#include "core/session.h"
+#include "core/text_file.h"
+#include "engine/project_translation.h"
+#include "projectfile/project_file.h"
+#include "ui/scripted_prompt.h"
+
+namespace solvane::engine::testing {
+
+ProjectRunInputs LoadProjectCase(const std::string& path, int runType) {
+    const auto dir = std::filesystem::temp_directory_path() /
+                     ("solvane_case_" + std::filesystem::path(path).stem().string());
+    std::filesystem::create_directories(dir / "temp");
+    std::filesystem::create_directories(dir / "sketch");
+    Session session;
+    session.paths = ProgramPaths(dir);
+    ScriptedPrompt prompt;
+    const auto text = ReadTextFile(path);
+    if (!text) throw std::runtime_error("cannot read " + path);
+    if (ReadProjectFile(session, prompt, *text, path, {}) != ReadStatus::Read)
+        throw std::runtime_error("cannot read the project " + path);
+    const auto matrix = ReadTextFile(session.paths.Resolve("\\sketch\\bld_mtx.all"));
+    std::filesystem::remove_all(dir);
+    return TranslateProject(session.model, runType, matrix ? *matrix : std::string());
+}
+
+Building ProjectCaseBuilding(bool heavy, bool freeFloat) {
+    const std::string file = heavy ? "case900.inp" : "case600.inp";
+    return LoadProjectCase(std::string(SOLVANE_SOURCE_DIR) + "/tests/engine/projects/" + file,
+                           freeFloat ? 4 : 3)
+        .building;
+}
+
+}  // namespace solvane::engine::testing

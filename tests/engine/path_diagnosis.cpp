@@ -1,0 +1,99 @@
+// Which difference between the project route and the layered description of
+// the ASHRAE 140 cases moves the loads: each difference swapped on its own.
+// Run by hand: engine_path_diagnosis.
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+
+#include "bestest_building.h"
+#include "core/session.h"
+#include "core/text_file.h"
+#include "engine/epw_reader.h"
+#include "engine/project_translation.h"
+#include "engine/simulation.h"
+#include "projectfile/project_file.h"
+#include "ui/scripted_prompt.h"
+
+using namespace solvane;
+using namespace solvane::engine;
+
+static ProjectRunInputs Load(const std::string& src, const std::string& name) {
+    const auto dir = std::filesystem::temp_directory_path() / ("solvane_diag_" + name);
+    std::filesystem::create_directories(dir / "temp");
+    std::filesystem::create_directories(dir / "sketch");
+    Session session;
+    session.paths = ProgramPaths(dir);
+    ScriptedPrompt prompt;
+    const auto text = ReadTextFile(src + "/tests/engine/projects/" + name);
+    ReadProjectFile(session, prompt, *text, name, {});
+    const auto matrix = ReadTextFile(session.paths.Resolve("\\sketch\\bld_mtx.all"));
+    std::filesystem::remove_all(dir);
+    return TranslateProject(session.model, 3, matrix ? *matrix : std::string());
+}
+
+int main() {
+    const std::string src = SOLVANE_SOURCE_DIR;
+    const WeatherYear w = ReadEpwFile(src + "/tests/fixtures/weather/725650TYCST.epw");
+    RunOptions opt;
+    opt.keepHourly = false;
+    for (bool heavy : {false, true}) {
+        const Building layered = testing::BestestBuilding(heavy, false);
+        const Building project = Load(src, heavy ? "case900.inp" : "case600.inp").building;
+        auto run = [&](const Building& b) { return Simulate(b, w, opt).zones[0]; };
+        for (const Construction& c : project.constructions) {
+            const PeriodicResponse r = PeriodicResponseOf(c);
+            std::printf("  %s: U %.4f lag %.2f f %.3f Y11 %.2f layers", c.name.c_str(), r.uFactor,
+                        r.timeLag, r.decrement, r.insideAdmittance);
+            for (const Layer& l : c.layers)
+                std::printf(" [%.4f m k %.3f rho %.0f]", l.thickness, l.conductivity, l.density);
+            std::printf("\n");
+        }
+        for (const Construction& c : layered.constructions) {
+            const PeriodicResponse r = PeriodicResponseOf(c);
+            std::printf("  layered %s: U %.4f lag %.2f f %.3f Y11 %.2f\n", c.name.c_str(),
+                        r.uFactor, r.timeLag, r.decrement, r.insideAdmittance);
+        }
+        const ZoneResults d = run(layered);
+        std::printf("%s layered: heating %.3f cooling %.3f\n", heavy ? "900" : "600",
+                    d.heatingEnergy / 1e6, d.coolingEnergy / 1e6);
+        const ZoneResults p = run(project);
+        std::printf("  project: heating %.3f cooling %.3f\n", p.heatingEnergy / 1e6,
+                    p.coolingEnergy / 1e6);
+        // Swaps applied to the project's building one at a time.
+        const int wallC = project.zones[0].surfaces[0].construction;
+        const int roofC = project.zones[0].surfaces[4].construction;
+        const int floorC = project.zones[0].surfaces[5].construction;
+        std::vector<std::pair<const char*, std::function<void(Building&)>>> swaps = {
+            {"volume 2.7 m", [](Building& b) { b.zones[0].volume = 129.6; }},
+            {"equipment radiant 0.6", [](Building& b) { b.zones[0].gains.equipmentRadiant = 0.6; }},
+            {"layered walls",
+             [&](Building& b) { b.constructions[wallC] = layered.constructions[0]; }},
+            {"layered roof",
+             [&](Building& b) { b.constructions[roofC] = layered.constructions[1]; }},
+            {"layered floor",
+             [&](Building& b) { b.constructions[floorC] = layered.constructions[2]; }},
+            {"layered glazing",
+             [&](Building& b) { b.windowTypes[0].glazing = layered.windowTypes[0].glazing; }},
+            {"floor no sun no wind",
+             [](Building& b) { b.zones[0].surfaces[5].boundary = Boundary::OutdoorAirNoSun; }},
+            {"surface heights",
+             [](Building& b) {
+                 for (auto& s : b.zones[0].surfaces)
+                     s.height = s.kind == SurfaceClass::Roof ? 2.7 : 1.35;
+             }},
+        };
+        Building all = project;
+        for (auto& [name, f] : swaps) {
+            Building b = project;
+            f(b);
+            f(all);
+            const ZoneResults r = run(b);
+            std::printf("  %-24s heating %+6.2f %% cooling %+6.2f %%\n", name,
+                        100 * (r.heatingEnergy / p.heatingEnergy - 1),
+                        100 * (r.coolingEnergy / p.coolingEnergy - 1));
+        }
+        const ZoneResults r = run(all);
+        std::printf("  all swaps: heating %.3f cooling %.3f\n", r.heatingEnergy / 1e6,
+                    r.coolingEnergy / 1e6);
+    }
+}
