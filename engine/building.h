@@ -34,10 +34,13 @@ struct WindowType {
     double visibleTransmittance = 0.8;
 };
 
-// External shading of a window. Projection factors are depth over window
-// height (overhang) or width (fins).
+// External shading of a window, in proportion to the window: an overhang of
+// depth `overhangProjection` times the window's height whose underside
+// stands `overhangGap` times the window's height above its head, and fins at
+// its sides of depth `...FinProjection` times its width.
 struct WindowShading {
-    double overhangProjection = 0;     // F/T figure of the third shading word
+    double overhangProjection = 0;
+    double overhangGap = 0;
     double overhangTransmittance = 0;  // 0 opaque; above 0 a transmitting overhang
     double leftFinProjection = 0;
     double rightFinProjection = 0;

@@ -398,18 +398,32 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
                     Window w;
                     w.type = windowIndex[win];
                     w.area = std::min(winArea, area);
-                    const double h = sf.SurfWindowHeight[z][s];
-                    w.height = h > 0 ? h * kFtToM : 1.5;
+                    // `Window Ht` is the head's height above the floor (the
+                    // door row's 4.5 and 7.4 ft): the window is the part
+                    // above the sill. A figure at or below the sill is taken
+                    // as the window's own height.
+                    const double sill = std::max<double>(sf.SurfSillHeight[z][s], 0.0);
+                    const double top = sf.SurfWindowHeight[z][s];
+                    const double hFt = top > sill ? top - sill : top;
+                    w.height = hFt > 0 ? hFt * kFtToM : 1.5;
+                    // A projection factor is the overhang's depth over the
+                    // height from the sill to its underside (ASHRAE 90.1);
+                    // the overhang stands at the top of the storey (the
+                    // slab or eave above), so its depth and its gap above
+                    // the head follow from the sill, the window and the
+                    // storey.
+                    const double gapFt = hFt > 0 ? std::max(storeyFt - sill - hFt, 0.0) : 0.0;
+                    const double gap = hFt > 0 ? gapFt / hFt : 0.0;
                     const auto words = ShadeWords(sf.SurfShade[z][s]);
                     for (std::size_t k = 0; k < words.size(); ++k) {
                         const ShadeWord& sw = words[k];
                         if (sw.letter == 'R') w.shading.rightFinProjection = sw.value;
                         if (sw.letter == 'L') w.shading.leftFinProjection = sw.value;
-                        if (sw.letter == 'F') w.shading.overhangProjection = sw.value;
-                        if (sw.letter == 'T') {
-                            w.shading.overhangProjection = sw.value;
-                            w.shading.overhangTransmittance = 0.5;
+                        if (sw.letter == 'F' || sw.letter == 'T') {
+                            w.shading.overhangProjection = sw.value * (1.0 + gap);
+                            w.shading.overhangGap = gap;
                         }
+                        if (sw.letter == 'T') w.shading.overhangTransmittance = 0.5;
                     }
                     w.shading.blind = sf.SurfBlind[z][s];
                     surf.windows.push_back(w);

@@ -50,8 +50,11 @@ std::vector<LevelHeight> ReadLevelHeights(const std::string& buildingMatrix);
 //   7 the slab's perimeter strip (to the monthly ground temperature) and 71
 //   to 76 the slab core and below-grade parts (to the annual mean ground
 //   temperature through more soil), after the two-region slab of ISO 13370;
-// - shading words: R and L fins, F an opaque and T a transmitting overhang
-//   (half of the beam passes), each with its projection factor;
+// - shading words: R and L fins (depth over the window's width), F an
+//   opaque and T a transmitting overhang (half of the beam passes) by its
+//   projection factor, depth over the height from the sill to the
+//   overhang's underside, the overhang standing at the top of the storey;
+//   `Window Ht` is the height of the window's head above the floor;
 // - zone field 4 as internal mass in lb per sq.ft of floor (concrete, both
 //   faces in the room), people at 250 Btu/h sensible and 200 Btu/h latent
 //   (ASHRAE Fundamentals, office work), lights and receptacles in W per

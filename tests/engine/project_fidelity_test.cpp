@@ -286,6 +286,46 @@ TEST(ProjectFields, EachSimulatedFieldMovesTheResultTheRightWay) {
     }
 }
 
+TEST(ProjectFields, OverhangPlacedByTheProjectionFactorsDefinition) {
+    // PF = depth / (sill to the overhang's underside); the overhang at the
+    // top of the 8.86 ft storey, the window from 0.66 to 7.22 ft.
+    const ProjectRunInputs in = Case600(
+        3, [](ProjectModel& m, std::string&) { m.surfaces.SurfShade[1][1] = " N0. N0. F.5"; });
+    const WindowShading& sh = in.building.zones[0].surfaces[0].windows[0].shading;
+    const double h = 7.22 - 0.66, gap = 8.8583 - 7.22;
+    EXPECT_NEAR(sh.overhangProjection * h, 0.5 * (h + gap), 1e-3);
+    EXPECT_NEAR(sh.overhangGap * h, gap, 1e-3);
+}
+
+TEST(ProjectFields, OverhangShadowFollowsTheSunThroughTheYear) {
+    // A south overhang takes a larger share of the July sun through the
+    // window than of the January sun, which passes under it.
+    auto share = [](const ZoneResults& r, const ZoneResults& b, int m) {
+        return 1.0 - r.monthlySolarGain[m] / b.monthlySolarGain[m];
+    };
+    const ZoneResults base = Simulated(Case600(3));
+    const ZoneResults shaded = Simulated(Case600(
+        3, [](ProjectModel& m, std::string&) { m.surfaces.SurfShade[1][1] = " N0. N0. F1"; }));
+    EXPECT_GT(share(shaded, base, 6), share(shaded, base, 0));
+    EXPECT_GT(share(shaded, base, 0), 0.0);
+    // On a north window, which sees little beam, the overhang still takes
+    // sky light and the fins sky and ground light: heating rises.
+    auto north = [](const char* shade) {
+        return [shade](ProjectModel& m, std::string&) {
+            m.surfaces.SurfWindowArea[1][2] = m.surfaces.SurfWindowArea[1][1];
+            m.surfaces.SurfWindowArea[1][1] = 0;
+            m.surfaces.SurfSillHeight[1][2] = m.surfaces.SurfSillHeight[1][1];
+            m.surfaces.SurfWindowHeight[1][2] = m.surfaces.SurfWindowHeight[1][1];
+            m.surfaces.SurfShade[1][2] = shade;
+        };
+    };
+    const ZoneResults open = Simulated(Case600(3, north(" N0. N0. N0.")));
+    const ZoneResults roofed = Simulated(Case600(3, north(" N0. N0. F1")));
+    const ZoneResults finned = Simulated(Case600(3, north(" R1. L1. N0.")));
+    EXPECT_GT(roofed.heatingEnergy, open.heatingEnergy);
+    EXPECT_GT(finned.heatingEnergy, open.heatingEnergy);
+}
+
 TEST(ProjectFields, InternalMassNarrowsTheFreeFloatSwing) {
     const ZoneResults light = Simulated(Case600(4));
     const ZoneResults heavy =
