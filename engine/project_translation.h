@@ -48,7 +48,7 @@ std::vector<LevelHeight> ReadLevelHeights(const std::string& buildingMatrix);
 //   (MatchGlazing), whose angular behaviour follows from Fresnel's laws;
 // - surfaces by exposure: 1 to 5 walls over that ground cover, 6 roofs,
 //   7 the slab's perimeter strip (to the monthly ground temperature) and 71
-//   to 76 the slab core and below-grade parts (to the annual mean ground
+//   to 76 the slab core and below-grade parts (to the same monthly ground
 //   temperature through more soil), after the two-region slab of ISO 13370;
 // - shading words: R and L fins (depth over the window's width), F an
 //   opaque and T a transmitting overhang (half of the beam passes) by its

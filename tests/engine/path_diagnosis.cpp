@@ -8,6 +8,7 @@
 #include "bestest_building.h"
 #include "core/session.h"
 #include "core/text_file.h"
+#include "engine/assembly.h"
 #include "engine/epw_reader.h"
 #include "engine/project_translation.h"
 #include "engine/simulation.h"
@@ -40,19 +41,6 @@ int main() {
         const Building layered = testing::BestestBuilding(heavy, false);
         const Building project = Load(src, heavy ? "case900.inp" : "case600.inp").building;
         auto run = [&](const Building& b) { return Simulate(b, w, opt).zones[0]; };
-        for (const Construction& c : project.constructions) {
-            const PeriodicResponse r = PeriodicResponseOf(c);
-            std::printf("  %s: U %.4f lag %.2f f %.3f Y11 %.2f layers", c.name.c_str(), r.uFactor,
-                        r.timeLag, r.decrement, r.insideAdmittance);
-            for (const Layer& l : c.layers)
-                std::printf(" [%.4f m k %.3f rho %.0f]", l.thickness, l.conductivity, l.density);
-            std::printf("\n");
-        }
-        for (const Construction& c : layered.constructions) {
-            const PeriodicResponse r = PeriodicResponseOf(c);
-            std::printf("  layered %s: U %.4f lag %.2f f %.3f Y11 %.2f\n", c.name.c_str(),
-                        r.uFactor, r.timeLag, r.decrement, r.insideAdmittance);
-        }
         const ZoneResults d = run(layered);
         std::printf("%s layered: heating %.3f cooling %.3f\n", heavy ? "900" : "600",
                     d.heatingEnergy / 1e6, d.coolingEnergy / 1e6);
@@ -95,5 +83,28 @@ int main() {
         const ZoneResults r = run(all);
         std::printf("  all swaps: heating %.3f cooling %.3f\n", r.heatingEnergy / 1e6,
                     r.coolingEnergy / 1e6);
+        // Each layered construction replaced by what its catalog figures
+        // give through its assembly class.
+        const char* classes[3] = {heavy ? "Wall, mass" : "Wall, wood-framed",
+                                  "Roof, attic and other",
+                                  heavy ? "Floor, mass" : "Floor, wood-framed"};
+        for (int c = 0; c < 3; ++c) {
+            Building b = layered;
+            const PeriodicResponse pr = PeriodicResponseOf(b.constructions[c]);
+            const CatalogAssembly a =
+                AssemblyFromCatalog(4, classes[c], pr.uFactor, pr.timeLag, pr.decrement);
+            Construction fitted = a.construction;
+            fitted.outsideAbsorptance = b.constructions[c].outsideAbsorptance;
+            const PeriodicResponse fr = PeriodicResponseOf(fitted);
+            b.constructions[c] = fitted;
+            const ZoneResults x = run(b);
+            std::printf("  %s: U %.3f lag %.2f h f %.3f Y11 %.2f -> %s lag %.2f f %.3f Y11 %.2f: "
+                        "heating %+.2f %% cooling %+.2f %%\n",
+                        layered.constructions[c].name.c_str(), pr.uFactor, pr.timeLag,
+                        pr.decrement, pr.insideAdmittance, AssemblyClassName(a.assemblyClass),
+                        fr.timeLag, fr.decrement, fr.insideAdmittance,
+                        100 * (x.heatingEnergy / d.heatingEnergy - 1),
+                        100 * (x.coolingEnergy / d.coolingEnergy - 1));
+        }
     }
 }
