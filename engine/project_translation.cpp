@@ -141,6 +141,7 @@ double LightsRadiant(int lampType) {
 void NoteUnsimulatedZoneFields(const ProjectModel& m, int z, std::vector<std::string>& notes) {
     const auto& f = m.zones.ZoneData[z];
     std::vector<std::string> names;
+    if (NumVal(f[5]) > 0) names.push_back("the people's latent heat");
     if (NumVal(f[7]) > 0) names.push_back("hot water (HW/person, HW.  Prof)");
     if (IsYes(m.zones.ZoneDaylight[z]))
         names.push_back("daylighting (Daylight, DL Depth, Target FC)");
@@ -345,6 +346,10 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
         }
         zone.conditioned = !passive;
         // Surfaces.
+        auto note = [&](int s, const std::string& text) {
+            out.notes.push_back("Zone " + zone.number + " surface " + std::to_string(s) + ": " +
+                                text);
+        };
         for (int s = 1; s <= m.zones.ZoneSurfaceCount[z]; ++s) {
             const SurfaceState& sf = m.surfaces;
             const int id = sf.SurfWallId[z][s];
@@ -383,17 +388,25 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
                 surf.groundResistance = 1.0 + 0.5 * (exp - 70);
                 surf.groundTemperature = std::numeric_limits<double>::quiet_NaN();
             } else {
+                if (exp < 1 || exp > 5)
+                    note(s, "exposure code " + std::to_string(exp) +
+                                " is not one of 1 to 7 or 71 to 76; taken as a wall");
                 surf.kind = id == 11 ? SurfaceClass::Door : SurfaceClass::Wall;
                 surf.tilt = slope > 0 ? slope : 90.0;
                 surf.height = base + 0.5 * storey;
             }
             const int win = sf.SurfWindowId[z][s];
             const double winArea = sf.SurfWindowArea[z][s] * kFt2ToM2;
-            if (winArea > 0 && exp <= 6) {
+            if (winArea > 0 && surf.boundary == Boundary::Ground)
+                note(s, "a window in a surface on the ground; window left out");
+            if (winArea > area) note(s, "window larger than its surface; taken as the surface");
+            const int blind = sf.SurfBlind[z][s];
+            if (winArea > 0 && blind != 0 && blind != 1 && blind != 5)
+                note(s, "Ven. Blnd " + std::to_string(blind) + " is not 0, 1 or 5; no blind");
+            if (winArea > 0 && surf.boundary != Boundary::Ground) {
                 if (win < 1 || win > kMaxCatalog || windowIndex[win] < 0) {
-                    out.notes.push_back("Zone " + zone.number + " surface " + std::to_string(s) +
-                                        ": window ID " + std::to_string(win) +
-                                        " is not in the catalog; window left out");
+                    note(s, "window ID " + std::to_string(win) +
+                                " is not in the catalog; window left out");
                 } else {
                     Window w;
                     w.type = windowIndex[win];

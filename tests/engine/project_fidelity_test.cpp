@@ -364,6 +364,21 @@ TEST(ProjectFields, FieldsNotSimulatedAreNamedWithTheirZone) {
     for (const char* w : {"hot water", "daylighting", "economiser", "HVAC Type 1", "Htg. Type 1",
                           "no rate", "DiffTrans", "S/W/B"})
         EXPECT_NE(n.find(w), std::string::npos) << w << " in " << n;
+
+    // Surface figures the engine cannot take as they stand.
+    const ProjectRunInputs odd = Case600(3, [](ProjectModel& m, std::string&) {
+        m.surfaces.SurfBlind[1][1] = 3;
+        m.surfaces.SurfExposure[1][3] = 0;
+        m.surfaces.SurfExposure[1][6] = 7;
+        m.surfaces.SurfWindowArea[1][6] = 20;
+        m.surfaces.SurfWindowArea[1][2] = 300;
+    });
+    std::string all;
+    for (const std::string& l : odd.notes) all += l + "\n";
+    for (const char* w : {"Zone 1-1 surface 1: Ven. Blnd 3", "Zone 1-1 surface 3: exposure code 0",
+                          "Zone 1-1 surface 6: a window in a surface on the ground",
+                          "Zone 1-1 surface 2: window larger than its surface"})
+        EXPECT_NE(all.find(w), std::string::npos) << w << " in " << all;
 }
 
 }  // namespace
