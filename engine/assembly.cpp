@@ -304,19 +304,6 @@ bool AssemblyClassOfDescription(const std::string& description, AssemblyClass& o
     return false;
 }
 
-Construction AssemblyLayers(AssemblyClass c, double insulationR, double coreThickness) {
-    const Template t = TemplateOf(c);
-    double core = 0;
-    for (const TemplateLayer& tl : t.layers)
-        if (tl.role == Role::Core) core = coreThickness >= 0 ? coreThickness : tl.thickness;
-    double rSolid = 0;
-    for (const TemplateLayer& tl : t.layers) {
-        if (tl.role == Role::Insulation) continue;
-        rSolid += (tl.role == Role::Core ? core : tl.thickness) / tl.m.k;
-    }
-    return Build(t, rSolid + insulationR, core);
-}
-
 CatalogAssembly AssemblyFromCatalog(int id, const std::string& description, double uFactor,
                                     double lag, double decrement) {
     const double rWall = std::max(1.0 / std::max(uFactor, 1e-3) - kInsideFilm - kOutsideFilm, 0.0);

@@ -56,11 +56,6 @@ const char* AssemblyClassName(AssemblyClass c);
 // "Roof, attic and other", ...); false when the description names none.
 bool AssemblyClassOfDescription(const std::string& description, AssemblyClass& out);
 
-// The typical layers of a class (outside first) with an insulation layer of
-// the given resistance and a core layer of the given thickness (m; below 0
-// the class's typical thickness).
-Construction AssemblyLayers(AssemblyClass c, double insulationR, double coreThickness = -1);
-
 struct CatalogAssembly {
     Construction construction;
     AssemblyClass assemblyClass = AssemblyClass::WallWoodFramed;

@@ -106,8 +106,8 @@ struct Zone {
     int outdoorAirProfile = -1;
     // Natural ventilation: at most this flow (m3/s of site air) through open
     // windows whenever the outdoor air can cool the zone down to its venting
-    // temperature, 1 K above the hour's heating set-point (or above the
-    // comfort zone's lower limit in a zone without heating); 0 never.
+    // temperature: 1 K above the hour's heating set-point, and not below the
+    // comfort zone's lower limit; 0 never.
     double naturalVentFlow = 0;
     ZoneGains gains;
     int heatingSetpointProfile = -1;                                   // C; -1: never heat

@@ -227,6 +227,9 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
                                   const std::string& buildingMatrix) {
     ProjectRunInputs out;
     const std::vector<LevelHeight> levels = ReadLevelHeights(buildingMatrix);
+    // The week follows the profiles' weekday, Saturday and Sunday rows.
+    if (NumVal(m.ProjectData[kHolidays]) > 0)
+        out.notes.push_back("Project: not simulated in this run: annual holidays (An Hldays)");
     Building& b = out.building;
     out.location = m.ProjectData[kLocation];
     const ClimateState& cl = m.climate;

@@ -520,9 +520,8 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 in.tCool = (hvac && zone.coolingSetpointProfile >= 0)
                                ? prof(zone.coolingSetpointProfile)
                                : 1e30;
-                in.tVent = zone.naturalVentFlow > 0
-                               ? (in.tHeat > -1e29 ? in.tHeat : opt.comfortLower) + 1.0
-                               : 1e30;
+                in.tVent =
+                    zone.naturalVentFlow > 0 ? std::max(in.tHeat + 1.0, opt.comfortLower) : 1e30;
                 in.heatCapacity = zone.heatingCapacity;
                 in.coolCapacity = zone.coolingCapacity;
                 const double oaFlow =
