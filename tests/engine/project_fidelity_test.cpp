@@ -272,6 +272,23 @@ TEST(ProjectFields, EachSimulatedFieldMovesTheResultTheRightWay) {
         {"skylight in the roof",
          [](ProjectModel& m, std::string&) { m.surfaces.SurfWindowArea[1][5] = 50; },
          [&](const ZoneResults& r) { return r.coolingEnergy > base.coolingEnergy; }},
+        {"cooling set-point",
+         [](ProjectModel& m, std::string&) {
+             for (int d = 1; d <= 3; ++d)
+                 for (int h = 0; h < 24; ++h)
+                     m.profiles.Types[kCoolStat].Profile[1][d].replace(h * 4, 4, "  75");
+         },
+         [&](const ZoneResults& r) { return r.coolingEnergy > base.coolingEnergy; }},
+        {"wall U-factor", [](ProjectModel& m, std::string&) { m.walls.WallUFactor[4] = ".2"; },
+         [&](const ZoneResults& r) { return r.heatingEnergy > base.heatingEnergy; }},
+        {"window SHGC", [](ProjectModel& m, std::string&) { m.windows.WindowSHGC[1] = ".4"; },
+         [&](const ZoneResults& r) { return r.coolingEnergy < 0.8 * base.coolingEnergy; }},
+        {"window area",
+         [](ProjectModel& m, std::string&) { m.surfaces.SurfWindowArea[1][1] = 200; },
+         [&](const ZoneResults& r) { return r.coolingEnergy > base.coolingEnergy; }},
+        {"floor on the ground (slab edge)",
+         [](ProjectModel& m, std::string&) { m.surfaces.SurfExposure[1][6] = 7; },
+         [&](const ZoneResults& r) { return r.heatingEnergy < base.heatingEnergy; }},
         {"ground reflectance",
          [](ProjectModel& m, std::string&) { m.surfaces.SurfGroundRefl[1][1] = 0.6f; },
          [&](const ZoneResults& r) { return r.coolingEnergy > base.coolingEnergy; }},
