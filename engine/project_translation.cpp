@@ -430,7 +430,16 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
                     // storey.
                     const double gapFt = hFt > 0 ? std::max(storeyFt - sill - hFt, 0.0) : 0.0;
                     const double gap = hFt > 0 ? gapFt / hFt : 0.0;
-                    const auto words = ShadeWords(sf.SurfShade[z][s]);
+                    auto words = ShadeWords(sf.SurfShade[z][s]);
+                    // Overhangs and fins stand at a wall's window; a
+                    // skylight has none.
+                    const bool skylight = surf.kind == SurfaceClass::Roof && surf.tilt < 60;
+                    if (skylight && std::any_of(words.begin(), words.end(), [](const ShadeWord& w) {
+                            return w.letter != 'N' && w.value > 0;
+                        })) {
+                        note(s, "overhang and fins of a skylight not simulated");
+                        words.clear();
+                    }
                     for (std::size_t k = 0; k < words.size(); ++k) {
                         const ShadeWord& sw = words[k];
                         if (sw.letter == 'R') w.shading.rightFinProjection = sw.value;

@@ -390,13 +390,16 @@ TEST(ProjectFields, FieldsNotSimulatedAreNamedWithTheirZone) {
         m.surfaces.SurfWindowArea[1][6] = 20;
         m.surfaces.SurfWindowArea[1][2] = 300;
         m.ProjectData[kHolidays] = "10";
+        m.surfaces.SurfWindowArea[1][5] = 20;
+        m.surfaces.SurfShade[1][5] = " N0. N0. F.5";
     });
     std::string all;
     for (const std::string& l : odd.notes) all += l + "\n";
     for (const char* w : {"Zone 1-1 surface 1: Ven. Blnd 3", "Zone 1-1 surface 3: exposure code 0",
                           "Zone 1-1 surface 6: a window in a surface on the ground",
                           "Zone 1-1 surface 2: window larger than its surface",
-                          "Project: not simulated in this run: annual holidays"})
+                          "Project: not simulated in this run: annual holidays",
+                          "Zone 1-1 surface 5: overhang and fins of a skylight"})
         EXPECT_NE(all.find(w), std::string::npos) << w << " in " << all;
 }
 
