@@ -106,7 +106,8 @@ struct Zone {
     int outdoorAirProfile = -1;
     // Natural ventilation: at most this flow (m3/s of site air) through open
     // windows whenever the outdoor air can cool the zone down to its venting
-    // temperature: 1 K above the hour's heating set-point, and not below the
+    // temperature: the middle of the hour's heating and cooling set-points
+    // (the comfort zone's limits where one is missing), not below the
     // comfort zone's lower limit; 0 never.
     double naturalVentFlow = 0;
     ZoneGains gains;

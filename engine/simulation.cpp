@@ -520,8 +520,16 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 in.tCool = (hvac && zone.coolingSetpointProfile >= 0)
                                ? prof(zone.coolingSetpointProfile)
                                : 1e30;
-                in.tVent =
-                    zone.naturalVentFlow > 0 ? std::max(in.tHeat + 1.0, opt.comfortLower) : 1e30;
+                // Natural ventilation aims at the middle of the zone's
+                // dead band (of the comfort zone where a set-point is
+                // missing), never below the comfort zone.
+                if (zone.naturalVentFlow > 0) {
+                    const double lo = in.tHeat > -1e29 ? in.tHeat : opt.comfortLower;
+                    const double hi = in.tCool < 1e29 ? in.tCool : opt.comfortUpper;
+                    in.tVent = std::max(0.5 * (lo + hi), opt.comfortLower);
+                } else {
+                    in.tVent = 1e30;
+                }
                 in.heatCapacity = zone.heatingCapacity;
                 in.coolCapacity = zone.coolingCapacity;
                 const double oaFlow =

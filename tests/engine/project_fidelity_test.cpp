@@ -7,6 +7,7 @@
 
 #include "bestest_building.h"
 #include "bestest_cases.h"
+#include "climate_records.h"
 #include "core/session.h"
 #include "core/text_file.h"
 #include "engine/assembly.h"
@@ -341,6 +342,34 @@ TEST(ProjectFields, OverhangShadowFollowsTheSunThroughTheYear) {
     const ZoneResults finned = Simulated(Case600(3, north(" R1. L1. N0.")));
     EXPECT_GT(roofed.heatingEnergy, open.heatingEnergy);
     EXPECT_GT(finned.heatingEnergy, open.heatingEnergy);
+}
+
+TEST(ProjectFields, NaturalVentilationCoolsInAMildClimate) {
+    // Case 600 in a synthetic Seattle year (marine, mild summers): windows
+    // opened at 4 cfm per sq.ft take most of the cooling, and the heating
+    // they cause later (heat vented that the night would have used) is
+    // less than the cooling they save.
+    const auto records = testing::ReadClimateRecords(kSource + "/tests/engine/climate_records.txt");
+    const auto seattle = std::find_if(records.begin(), records.end(), [](const auto& r) {
+        return r.name.find("Seattle") != std::string::npos;
+    });
+    ASSERT_NE(seattle, records.end());
+    const WeatherYear w = SynthesizeWeather(seattle->climate, seattle->site, 1);
+    RunOptions opt;
+    opt.keepHourly = false;
+    const ZoneResults shut = Simulate(Case600(3).building, w, opt).zones[0];
+    const ZoneResults open = Simulate(Case600(3,
+                                              [](ProjectModel& m, std::string&) {
+                                                  m.zones.ZoneNatVent[1] = "Yes";
+                                                  m.zones.ZoneData[1][22] = "4";
+                                              })
+                                          .building,
+                                      w, opt)
+                                 .zones[0];
+    EXPECT_LT(open.coolingEnergy, 0.5 * shut.coolingEnergy);
+    EXPECT_LT(open.heatingEnergy - shut.heatingEnergy, shut.coolingEnergy - open.coolingEnergy);
+    EXPECT_LT(open.coolingByComponent[kCompNaturalVent], 0.0 + 1e-9);
+    EXPECT_LT(open.BalanceError(), 1e-3);
 }
 
 TEST(ProjectFields, InternalMassNarrowsTheFreeFloatSwing) {
