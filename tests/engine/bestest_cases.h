@@ -34,7 +34,13 @@ std::map<std::string, double> RunBestestCases(const WeatherYear& weather, int st
 // or 4 for the free-float cases.
 Building ProjectCaseBuilding(bool heavy, bool freeFloat);
 
-// A project file read and translated as the engine does it.
-ProjectRunInputs LoadProjectCase(const std::string& path, int runType);
+// A project file read and translated as the engine does it; `edit`, when
+// given, changes the model and the building matrix text between the two.
+using ProjectEdit = std::function<void(ProjectModel&, std::string& buildingMatrix)>;
+ProjectRunInputs LoadProjectCase(const std::string& path, int runType,
+                                 const ProjectEdit& edit = {});
+
+// The Denver TMY3 year of the test fixtures, read once.
+const WeatherYear& DenverWeather();
 
 }  // namespace solvane::engine::testing

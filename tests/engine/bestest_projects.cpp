@@ -7,13 +7,14 @@
 #include "bestest_cases.h"
 #include "core/session.h"
 #include "core/text_file.h"
+#include "engine/epw_reader.h"
 #include "engine/project_translation.h"
 #include "projectfile/project_file.h"
 #include "ui/scripted_prompt.h"
 
 namespace solvane::engine::testing {
 
-ProjectRunInputs LoadProjectCase(const std::string& path, int runType) {
+ProjectRunInputs LoadProjectCase(const std::string& path, int runType, const ProjectEdit& edit) {
     const auto dir = std::filesystem::temp_directory_path() /
                      ("solvane_case_" + std::filesystem::path(path).stem().string());
     std::filesystem::create_directories(dir / "temp");
@@ -25,9 +26,11 @@ ProjectRunInputs LoadProjectCase(const std::string& path, int runType) {
     if (!text) throw std::runtime_error("cannot read " + path);
     if (ReadProjectFile(session, prompt, *text, path, {}) != ReadStatus::Read)
         throw std::runtime_error("cannot read the project " + path);
-    const auto matrix = ReadTextFile(session.paths.Resolve("\\sketch\\bld_mtx.all"));
+    std::string matrix =
+        ReadTextFile(session.paths.Resolve("\\sketch\\bld_mtx.all")).value_or(std::string());
     std::filesystem::remove_all(dir);
-    return TranslateProject(session.model, runType, matrix ? *matrix : std::string());
+    if (edit) edit(session.model, matrix);
+    return TranslateProject(session.model, runType, matrix);
 }
 
 Building ProjectCaseBuilding(bool heavy, bool freeFloat) {
@@ -35,6 +38,12 @@ Building ProjectCaseBuilding(bool heavy, bool freeFloat) {
     return LoadProjectCase(std::string(SOLVANE_SOURCE_DIR) + "/tests/engine/projects/" + file,
                            freeFloat ? 4 : 3)
         .building;
+}
+
+const WeatherYear& DenverWeather() {
+    static const WeatherYear w =
+        ReadEpwFile(std::string(SOLVANE_SOURCE_DIR) + "/tests/fixtures/weather/725650TYCST.epw");
+    return w;
 }
 
 }  // namespace solvane::engine::testing

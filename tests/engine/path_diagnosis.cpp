@@ -2,44 +2,23 @@
 // the ASHRAE 140 cases moves the loads: each difference swapped on its own.
 // Run by hand: engine_path_diagnosis.
 #include <cstdio>
-#include <filesystem>
 #include <functional>
 
 #include "bestest_building.h"
-#include "core/session.h"
-#include "core/text_file.h"
+#include "bestest_cases.h"
 #include "engine/assembly.h"
-#include "engine/epw_reader.h"
-#include "engine/project_translation.h"
 #include "engine/simulation.h"
-#include "projectfile/project_file.h"
-#include "ui/scripted_prompt.h"
 
 using namespace solvane;
 using namespace solvane::engine;
 
-static ProjectRunInputs Load(const std::string& src, const std::string& name) {
-    const auto dir = std::filesystem::temp_directory_path() / ("solvane_diag_" + name);
-    std::filesystem::create_directories(dir / "temp");
-    std::filesystem::create_directories(dir / "sketch");
-    Session session;
-    session.paths = ProgramPaths(dir);
-    ScriptedPrompt prompt;
-    const auto text = ReadTextFile(src + "/tests/engine/projects/" + name);
-    ReadProjectFile(session, prompt, *text, name, {});
-    const auto matrix = ReadTextFile(session.paths.Resolve("\\sketch\\bld_mtx.all"));
-    std::filesystem::remove_all(dir);
-    return TranslateProject(session.model, 3, matrix ? *matrix : std::string());
-}
-
 int main() {
-    const std::string src = SOLVANE_SOURCE_DIR;
-    const WeatherYear w = ReadEpwFile(src + "/tests/fixtures/weather/725650TYCST.epw");
+    const WeatherYear& w = testing::DenverWeather();
     RunOptions opt;
     opt.keepHourly = false;
     for (bool heavy : {false, true}) {
         const Building layered = testing::BestestBuilding(heavy, false);
-        const Building project = Load(src, heavy ? "case900.inp" : "case600.inp").building;
+        const Building project = testing::ProjectCaseBuilding(heavy, false);
         auto run = [&](const Building& b) { return Simulate(b, w, opt).zones[0]; };
         const ZoneResults d = run(layered);
         std::printf("%s layered: heating %.3f cooling %.3f\n", heavy ? "900" : "600",
@@ -98,13 +77,13 @@ int main() {
             const PeriodicResponse fr = PeriodicResponseOf(fitted);
             b.constructions[c] = fitted;
             const ZoneResults x = run(b);
-            std::printf("  %s: U %.3f lag %.2f h f %.3f Y11 %.2f -> %s lag %.2f f %.3f Y11 %.2f: "
-                        "heating %+.2f %% cooling %+.2f %%\n",
-                        layered.constructions[c].name.c_str(), pr.uFactor, pr.timeLag,
-                        pr.decrement, pr.insideAdmittance, AssemblyClassName(a.assemblyClass),
-                        fr.timeLag, fr.decrement, fr.insideAdmittance,
-                        100 * (x.heatingEnergy / d.heatingEnergy - 1),
-                        100 * (x.coolingEnergy / d.coolingEnergy - 1));
+            std::printf(
+                "  %s: U %.3f lag %.2f h f %.3f Y11 %.2f -> %s lag %.2f f %.3f Y11 %.2f: "
+                "heating %+.2f %% cooling %+.2f %%\n",
+                layered.constructions[c].name.c_str(), pr.uFactor, pr.timeLag, pr.decrement,
+                pr.insideAdmittance, AssemblyClassName(a.assemblyClass), fr.timeLag, fr.decrement,
+                fr.insideAdmittance, 100 * (x.heatingEnergy / d.heatingEnergy - 1),
+                100 * (x.coolingEnergy / d.coolingEnergy - 1));
         }
     }
 }

@@ -8,12 +8,7 @@
 #include "bestest_building.h"
 #include "bestest_cases.h"
 #include "climate_records.h"
-#include "core/session.h"
-#include "core/text_file.h"
 #include "engine/assembly.h"
-#include "engine/epw_reader.h"
-#include "projectfile/project_file.h"
-#include "ui/scripted_prompt.h"
 
 namespace solvane::engine {
 namespace {
@@ -21,8 +16,7 @@ namespace {
 const std::string kSource = SOLVANE_SOURCE_DIR;
 
 const WeatherYear& Denver() {
-    static const WeatherYear w = ReadEpwFile(kSource + "/tests/fixtures/weather/725650TYCST.epw");
-    return w;
+    return testing::DenverWeather();
 }
 
 TEST(ProjectRoute, Ashrae140CasesAsProjectFilesInsideEveryRange) {
@@ -81,21 +75,21 @@ TEST(Assembly, CatalogFiguresOfEachCaseConstructionGiveItsLayersLoads) {
 }
 
 TEST(Assembly, ClassFromTheDescriptionAndTheFiguresHeld) {
+    // The envelope catalog's own entry names.
+    const std::pair<const char*, AssemblyClass> named[] = {
+        {"Wall, mass (above grade)", AssemblyClass::WallMass},
+        {"Roof, insulation entirely above deck", AssemblyClass::RoofAboveDeck},
+        {"Roof, metal building", AssemblyClass::RoofMetalBuilding},
+        {"Wall, metal building", AssemblyClass::WallMetalBuilding},
+        {"Floor, wood-framed and other", AssemblyClass::FloorWoodFramed},
+        {"Slab on grade, unheated (F-factor / 3 ft)", AssemblyClass::SlabOnGrade},
+        {"Mass wall, interior insulation", AssemblyClass::WallMassInteriorInsulation},
+    };
     AssemblyClass c{};
-    ASSERT_TRUE(AssemblyClassOfDescription("Wall, mass (above grade)", c));
-    EXPECT_EQ(c, AssemblyClass::WallMass);
-    ASSERT_TRUE(AssemblyClassOfDescription("Roof, insulation entirely above deck", c));
-    EXPECT_EQ(c, AssemblyClass::RoofAboveDeck);
-    ASSERT_TRUE(AssemblyClassOfDescription("Roof, metal building", c));
-    EXPECT_EQ(c, AssemblyClass::RoofMetalBuilding);
-    ASSERT_TRUE(AssemblyClassOfDescription("Wall, metal building", c));
-    EXPECT_EQ(c, AssemblyClass::WallMetalBuilding);
-    ASSERT_TRUE(AssemblyClassOfDescription("Floor, wood-framed and other", c));
-    EXPECT_EQ(c, AssemblyClass::FloorWoodFramed);
-    ASSERT_TRUE(AssemblyClassOfDescription("Slab on grade, unheated (F-factor / 3 ft)", c));
-    EXPECT_EQ(c, AssemblyClass::SlabOnGrade);
-    ASSERT_TRUE(AssemblyClassOfDescription("Mass wall, interior insulation", c));
-    EXPECT_EQ(c, AssemblyClass::WallMassInteriorInsulation);
+    for (const auto& [text, cls] : named) {
+        ASSERT_TRUE(AssemblyClassOfDescription(text, c)) << text;
+        EXPECT_EQ(c, cls) << text;
+    }
     EXPECT_FALSE(AssemblyClassOfDescription("Brick veneer", c));
 
     // U exact, lag reached, the room side the class's: a mass wall keeps its
@@ -134,22 +128,10 @@ TEST(Assembly, AnEntryFarFromItsClassIsBuiltAsTheNearestAndSaysSo) {
 
 // ---- the fields of a project ------------------------------------------------
 
-using Edit = std::function<void(ProjectModel&, std::string& matrix)>;
+using Edit = testing::ProjectEdit;
 
 ProjectRunInputs Case600(int runType, const Edit& edit = {}) {
-    const auto dir = std::filesystem::temp_directory_path() / "solvane_fidelity";
-    std::filesystem::create_directories(dir / "temp");
-    std::filesystem::create_directories(dir / "sketch");
-    Session session;
-    session.paths = ProgramPaths(dir);
-    ScriptedPrompt prompt;
-    const auto text = ReadTextFile(kSource + "/tests/engine/projects/case600.inp");
-    EXPECT_EQ(ReadProjectFile(session, prompt, *text, "case600.inp", {}), ReadStatus::Read);
-    std::string matrix =
-        ReadTextFile(session.paths.Resolve("\\sketch\\bld_mtx.all")).value_or(std::string());
-    std::filesystem::remove_all(dir);
-    if (edit) edit(session.model, matrix);
-    return TranslateProject(session.model, runType, matrix);
+    return testing::LoadProjectCase(kSource + "/tests/engine/projects/case600.inp", runType, edit);
 }
 
 ZoneResults Simulated(const ProjectRunInputs& in) {

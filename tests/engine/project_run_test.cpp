@@ -3,16 +3,10 @@
 // what the layer-by-layer descriptions give.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "bestest_building.h"
-#include "core/session.h"
-#include "core/text_file.h"
-#include "engine/epw_reader.h"
+#include "bestest_cases.h"
 #include "engine/project_translation.h"
 #include "engine/simulation.h"
-#include "projectfile/project_file.h"
-#include "ui/scripted_prompt.h"
 
 namespace solvane::engine {
 namespace {
@@ -20,23 +14,11 @@ namespace {
 const std::string kSource = SOLVANE_SOURCE_DIR;
 
 ProjectRunInputs LoadCase(const std::string& name, int runType) {
-    const auto dir = std::filesystem::temp_directory_path() / ("solvane_engine_" + name);
-    std::filesystem::create_directories(dir / "temp");
-    std::filesystem::create_directories(dir / "sketch");
-    Session session;
-    session.paths = ProgramPaths(dir);
-    ScriptedPrompt prompt;
-    const auto text = ReadTextFile(kSource + "/tests/engine/projects/" + name);
-    EXPECT_TRUE(text.has_value());
-    EXPECT_EQ(ReadProjectFile(session, prompt, *text, name, {}), ReadStatus::Read);
-    const auto matrix = ReadTextFile(session.paths.Resolve("\\sketch\\bld_mtx.all"));
-    std::filesystem::remove_all(dir);
-    return TranslateProject(session.model, runType, matrix ? *matrix : std::string());
+    return testing::LoadProjectCase(kSource + "/tests/engine/projects/" + name, runType);
 }
 
 const WeatherYear& Denver() {
-    static const WeatherYear w = ReadEpwFile(kSource + "/tests/fixtures/weather/725650TYCST.epw");
-    return w;
+    return testing::DenverWeather();
 }
 
 TEST(ProjectRun, TranslationKeepsTheCase600Inputs) {
