@@ -3,6 +3,9 @@
 // reads the model and the building matrix.
 #include <filesystem>
 #include <stdexcept>
+#include <string>
+
+#include <unistd.h>
 
 #include "bestest_cases.h"
 #include "core/session.h"
@@ -15,8 +18,11 @@
 namespace solvane::engine::testing {
 
 ProjectRunInputs LoadProjectCase(const std::string& path, int runType, const ProjectEdit& edit) {
+    // A folder of this process and call: test processes run side by side.
+    static int calls = 0;
     const auto dir = std::filesystem::temp_directory_path() /
-                     ("solvane_case_" + std::filesystem::path(path).stem().string());
+                     ("solvane_case_" + std::filesystem::path(path).stem().string() + "_" +
+                      std::to_string(::getpid()) + "_" + std::to_string(++calls));
     std::filesystem::create_directories(dir / "temp");
     std::filesystem::create_directories(dir / "sketch");
     Session session;
