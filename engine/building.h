@@ -34,10 +34,13 @@ struct WindowType {
     double visibleTransmittance = 0.8;
 };
 
-// External shading of a window. Projection factors are depth over window
-// height (overhang) or width (fins).
+// External shading of a window, in proportion to the window: an overhang of
+// depth `overhangProjection` times the window's height whose underside
+// stands `overhangGap` times the window's height above its head, and fins at
+// its sides of depth `...FinProjection` times its width.
 struct WindowShading {
-    double overhangProjection = 0;     // F/T figure of the third shading word
+    double overhangProjection = 0;
+    double overhangGap = 0;
     double overhangTransmittance = 0;  // 0 opaque; above 0 a transmitting overhang
     double leftFinProjection = 0;
     double rightFinProjection = 0;
@@ -101,6 +104,12 @@ struct Zone {
     double infiltrationAch = 0;  // air changes per hour of site air
     double outdoorAirFlow = 0;   // m3/s of site air while `outdoorAirProfile` is above 0
     int outdoorAirProfile = -1;
+    // Natural ventilation: at most this flow (m3/s of site air) through open
+    // windows whenever the outdoor air can cool the zone down to its venting
+    // temperature: the middle of the hour's heating and cooling set-points
+    // (the comfort zone's limits where one is missing), not below the
+    // comfort zone's lower limit; 0 never.
+    double naturalVentFlow = 0;
     ZoneGains gains;
     int heatingSetpointProfile = -1;                                   // C; -1: never heat
     int coolingSetpointProfile = -1;                                   // C; -1: never cool

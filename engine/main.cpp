@@ -81,7 +81,9 @@ int main() {
         notes.insert(notes.end(), prompt.messages.begin(), prompt.messages.end());
         if (st != ReadStatus::Read) throw std::runtime_error("ecalc$.inp could not be read");
 
-        ProjectRunInputs in = TranslateProject(session.model, ctx.control.runType);
+        const auto matrix = ReadTextFile(session.paths.Resolve("\\sketch\\bld_mtx.all"));
+        ProjectRunInputs in =
+            TranslateProject(session.model, ctx.control.runType, matrix ? *matrix : std::string());
         notes.insert(notes.end(), in.notes.begin(), in.notes.end());
         ctx.projectName = session.model.ProjectData[kProjName];
         ctx.location = in.location.substr(0, 36);

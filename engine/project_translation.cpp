@@ -7,6 +7,7 @@
 
 #include "core/numeric_helpers.h"
 #include "core/unit_factors.h"
+#include "engine/assembly.h"
 
 namespace solvane::engine {
 namespace {
@@ -95,7 +96,107 @@ WeekProfile ProfileOf(const ProfileTable& t, int group, double scale, double off
     return p;
 }
 
+bool IsYes(const std::string& text) {
+    const std::size_t p = text.find_first_not_of(' ');
+    return p != std::string::npos && (text[p] == 'Y' || text[p] == 'y');
+}
+
+// Radiant share of each internal gain (the rest goes to the air).
+// People and receptacles: ASHRAE Handbook of Fundamentals (2017) ch. 18
+// Table 14, occupants in typical office conditions 0.6, office equipment
+// without fans 0.3. Lights by lamp type (`Lite Type` 1 to 9): the space
+// fraction times the radiative fraction of ch. 18 Table 3 (Fisher &
+// Chantrasrisalai 2006), middle of each range; the share that would go to a
+// ceiling plenum reaches the zone's air, the zone having no plenum of its
+// own. High-intensity discharge lamps (1, 2, 3, 7) as non-in-ceiling
+// luminaires (1.0 x 0.535); LED as a recessed troffer with a partial
+// aperture diffuser (0.565 x 0.42); tubular fluorescent as a recessed
+// luminaire without lens (0.69 x 0.58); compact fluorescent as a downlight
+// (0.18 x 0.975); tungsten halogen and incandescent as incandescent
+// downlights (0.75 x 0.975).
+constexpr double kPeopleRadiant = 0.6;
+constexpr double kReceptacleRadiant = 0.3;
+double LightsRadiant(int lampType) {
+    switch (lampType) {
+        case 1:
+        case 2:
+        case 3:
+        case 7:
+            return 1.0 * 0.535;
+        case 4:
+            return 0.565 * 0.42;
+        case 6:
+            return 0.18 * 0.975;
+        case 8:
+        case 9:
+            return 0.75 * 0.975;
+        default:  // 5 and an unset type
+            return 0.69 * 0.58;
+    }
+}
+
+// The zone's fields that this run reads but does not simulate, named on one
+// line with the zone when they are set: what they ask for is not in the
+// engine yet, and the user must not take the result for having it.
+void NoteUnsimulatedZoneFields(const ProjectModel& m, int z, std::vector<std::string>& notes) {
+    const auto& f = m.zones.ZoneData[z];
+    std::vector<std::string> names;
+    if (NumVal(f[5]) > 0) names.push_back("the people's latent heat");
+    if (NumVal(f[7]) > 0) names.push_back("hot water (HW/person, HW.  Prof)");
+    if (IsYes(m.zones.ZoneDaylight[z]))
+        names.push_back("daylighting (Daylight, DL Depth, Target FC)");
+    if (IsYes(m.zones.ZoneEconCycle[z])) names.push_back("economiser (Econ.Cycle)");
+    if (NumVal(f[20]) > 0)
+        names.push_back("HVAC Type " + NumText(NumVal(f[20])) + " (loads of an ideal system)");
+    if (NumVal(f[21]) > 0) names.push_back("Htg. Type " + NumText(NumVal(f[21])));
+    if (NumVal(f[26]) > 0) names.push_back("fan static pressure (Stat.Pres)");
+    if (NumVal(f[12]) > 0 || NumVal(f[29]) > 0 || NumVal(f[30]) > 0)
+        names.push_back("costs (Cost/sqft, 1st Cost, Maint Cost)");
+    if (IsYes(m.zones.ZoneNatVent[z]) && NumVal(f[22]) <= 0)
+        names.push_back("natural ventilation switched on with no rate (CFM/sqft.)");
+    const SurfaceState& sf = m.surfaces;
+    bool diffuse = false, swb = false;
+    for (int s = 1; s <= m.zones.ZoneSurfaceCount[z]; ++s) {
+        diffuse = diffuse || sf.SurfDiffTrans[z][s] > 0;
+        swb = swb || sf.SurfSWB[z][s].find_first_not_of(' ') != std::string::npos;
+    }
+    if (diffuse) names.push_back("diffuse transmission (DiffTrans)");
+    if (swb) names.push_back("S/W/B");
+    if (names.empty()) return;
+    std::string line = "Zone " + m.zones.ZoneNumber[z] + ": not simulated in this run: ";
+    for (std::size_t i = 0; i < names.size(); ++i) line += (i ? ", " : "") + names[i];
+    notes.push_back(line);
+}
+
 }  // namespace
+
+std::vector<LevelHeight> ReadLevelHeights(const std::string& matrix) {
+    std::vector<LevelHeight> levels;
+    std::size_t at = 0;
+    while (at < matrix.size()) {
+        std::size_t end = matrix.find('\n', at);
+        if (end == std::string::npos) end = matrix.size();
+        std::string line = matrix.substr(at, end - at);
+        at = end + 1;
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        auto field = [&](std::size_t column, std::size_t width) {
+            return line.size() >= column ? NumVal(line.substr(column - 1, width)) : 0.0;
+        };
+        if (line.rfind("Grid", 0) == 0 || line.rfind("grid", 0) == 0) {
+            levels.emplace_back();
+        } else if (levels.empty()) {
+            continue;
+        } else if (line.rfind("No. of Flrs", 0) == 0) {
+            levels.back().floors = field(14, 8);
+        } else if (line.rfind("Room Height", 0) == 0) {
+            levels.back().roomHeight = field(14, 8);
+        } else if ((line.rfind("Zone", 0) == 0 || line.rfind("zone", 0) == 0) &&
+                   levels.back().roomHeight <= 0) {
+            levels.back().roomHeight = field(49, 5);
+        }
+    }
+    return levels;
+}
 
 std::array<double, 12> ClimateRow(const std::string& row) {
     std::array<double, 12> out{};
@@ -122,8 +223,13 @@ Site ClimateSite(const std::string& line2) {
     return s;
 }
 
-ProjectRunInputs TranslateProject(const ProjectModel& m, int runType) {
+ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
+                                  const std::string& buildingMatrix) {
     ProjectRunInputs out;
+    const std::vector<LevelHeight> levels = ReadLevelHeights(buildingMatrix);
+    // The week follows the profiles' weekday, Saturday and Sunday rows.
+    if (NumVal(m.ProjectData[kHolidays]) > 0)
+        out.notes.push_back("Project: not simulated in this run: annual holidays (An Hldays)");
     Building& b = out.building;
     out.location = m.ProjectData[kLocation];
     const ClimateState& cl = m.climate;
@@ -146,9 +252,15 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType) {
         if (!m.walls.WallUsed[i]) continue;
         const double u = NumVal(m.walls.WallUFactor[i]) * UnitFactor::UFactorIpToSi;
         if (u <= 0) continue;
-        Construction c =
-            FitConstruction(u, NumVal(m.walls.WallTimeLag[i]), NumVal(m.walls.WallDecrement[i]));
-        c.name = m.walls.WallDescription[i];
+        const CatalogAssembly a =
+            AssemblyFromCatalog(i, m.walls.WallDescription[i], u, NumVal(m.walls.WallTimeLag[i]),
+                                NumVal(m.walls.WallDecrement[i]));
+        if (a.farFromClass)
+            out.notes.push_back("Wall ID " + std::to_string(i) + " (" + m.walls.WallDescription[i] +
+                                "): time lag and decrement far from a " +
+                                AssemblyClassName(a.namedClass) + "; simulated as a " +
+                                AssemblyClassName(a.assemblyClass));
+        Construction c = a.construction;
         const double abs = NumVal(m.walls.WallSolarAbs[i]);
         c.outsideAbsorptance = abs > 0 ? std::min(abs, 1.0) : 0.75;
         wallIndex[i] = static_cast<int>(b.constructions.size());
@@ -183,12 +295,33 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType) {
         zone.name = m.zones.ZoneName[z].empty() ? f[2] : m.zones.ZoneName[z];
         const double areaFt2 = NumVal(f[3]);
         zone.floorArea = areaFt2 * kFt2ToM2;
-        // Height from the walls: the tallest wall's area over its floor share
-        // is not known, so the volume takes a 10 ft storey.
-        zone.volume = zone.floorArea * 10.0 * kFtToM;
+        // The storey: the room height of the zone's level in the building
+        // matrix, its base the levels below (each its floors times its room
+        // height).
+        const int level = static_cast<int>(NumVal(zone.number.substr(0, zone.number.find('-'))));
+        double storeyFt = 0, baseFt = 0;
+        for (int l = 1; l <= static_cast<int>(levels.size()); ++l) {
+            const LevelHeight& lv = levels[l - 1];
+            if (l < level) baseFt += std::max(lv.floors, 1.0) * lv.roomHeight;
+            if (l == level) storeyFt = lv.roomHeight;
+        }
+        if (storeyFt <= 0) {
+            storeyFt = 10.0;
+            out.notes.push_back("Zone " + zone.number +
+                                ": no room height for its level in the building matrix; "
+                                "a 10 ft storey taken");
+        }
+        const double storey = storeyFt * kFtToM, base = baseFt * kFtToM;
+        zone.volume = zone.floorArea * storey;
         const double people = NumVal(f[5]);
         zone.gains.peopleSensible = people * 250.0 * kWPerBtuh;
         zone.gains.peopleLatent = people * 200.0 * kWPerBtuh;
+        zone.gains.peopleRadiant = kPeopleRadiant;
+        zone.gains.lightsRadiant = LightsRadiant(static_cast<int>(NumVal(f[11])));
+        zone.gains.equipmentRadiant = kReceptacleRadiant;
+        if (IsYes(m.zones.ZoneNatVent[z]))
+            zone.naturalVentFlow = NumVal(f[22]) * areaFt2 * kCfmToM3s;
+        NoteUnsimulatedZoneFields(m, z, out.notes);
         zone.gains.peopleProfile = profileIndex(kOccupancy, f[6], 0.01, 0);
         zone.gains.lights = NumVal(f[13]) * areaFt2;
         zone.gains.lightsProfile = profileIndex(kLights, f[14], 0.01, 0);
@@ -216,6 +349,10 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType) {
         }
         zone.conditioned = !passive;
         // Surfaces.
+        auto note = [&](int s, const std::string& text) {
+            out.notes.push_back("Zone " + zone.number + " surface " + std::to_string(s) + ": " +
+                                text);
+        };
         for (int s = 1; s <= m.zones.ZoneSurfaceCount[z]; ++s) {
             const SurfaceState& sf = m.surfaces;
             const int id = sf.SurfWallId[z][s];
@@ -241,7 +378,7 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType) {
                 // outdoor air.
                 surf.kind = slope > 90 ? SurfaceClass::Floor : SurfaceClass::Roof;
                 surf.tilt = slope > 0 && slope <= 180 && slope != 90 ? slope : 0.0;
-                surf.height = 10 * kFtToM;
+                surf.height = base + storey;
             } else if (exp == 7) {
                 surf.kind = SurfaceClass::Floor;
                 surf.tilt = 180;
@@ -254,33 +391,64 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType) {
                 surf.groundResistance = 1.0 + 0.5 * (exp - 70);
                 surf.groundTemperature = std::numeric_limits<double>::quiet_NaN();
             } else {
+                if (exp < 1 || exp > 5)
+                    note(s, "exposure code " + std::to_string(exp) +
+                                " is not one of 1 to 7 or 71 to 76; taken as a wall");
                 surf.kind = id == 11 ? SurfaceClass::Door : SurfaceClass::Wall;
                 surf.tilt = slope > 0 ? slope : 90.0;
-                surf.height = 5 * kFtToM;
+                surf.height = base + 0.5 * storey;
             }
             const int win = sf.SurfWindowId[z][s];
             const double winArea = sf.SurfWindowArea[z][s] * kFt2ToM2;
-            if (winArea > 0 && exp <= 6) {
+            if (winArea > 0 && surf.boundary == Boundary::Ground)
+                note(s, "a window in a surface on the ground; window left out");
+            if (winArea > area) note(s, "window larger than its surface; taken as the surface");
+            const int blind = sf.SurfBlind[z][s];
+            if (winArea > 0 && blind != 0 && blind != 1 && blind != 5)
+                note(s, "Ven. Blnd " + std::to_string(blind) + " is not 0, 1 or 5; no blind");
+            if (winArea > 0 && surf.boundary != Boundary::Ground) {
                 if (win < 1 || win > kMaxCatalog || windowIndex[win] < 0) {
-                    out.notes.push_back("Zone " + zone.number + " surface " + std::to_string(s) +
-                                        ": window ID " + std::to_string(win) +
-                                        " is not in the catalog; window left out");
+                    note(s, "window ID " + std::to_string(win) +
+                                " is not in the catalog; window left out");
                 } else {
                     Window w;
                     w.type = windowIndex[win];
                     w.area = std::min(winArea, area);
-                    const double h = sf.SurfWindowHeight[z][s];
-                    w.height = h > 0 ? h * kFtToM : 1.5;
-                    const auto words = ShadeWords(sf.SurfShade[z][s]);
+                    // `Window Ht` is the head's height above the floor (the
+                    // door row's 4.5 and 7.4 ft): the window is the part
+                    // above the sill. A figure at or below the sill is taken
+                    // as the window's own height.
+                    const double sill = std::max<double>(sf.SurfSillHeight[z][s], 0.0);
+                    const double top = sf.SurfWindowHeight[z][s];
+                    const double hFt = top > sill ? top - sill : top;
+                    w.height = hFt > 0 ? hFt * kFtToM : 1.5;
+                    // A projection factor is the overhang's depth over the
+                    // height from the sill to its underside (ASHRAE 90.1);
+                    // the overhang stands at the top of the storey (the
+                    // slab or eave above), so its depth and its gap above
+                    // the head follow from the sill, the window and the
+                    // storey.
+                    const double gapFt = hFt > 0 ? std::max(storeyFt - sill - hFt, 0.0) : 0.0;
+                    const double gap = hFt > 0 ? gapFt / hFt : 0.0;
+                    auto words = ShadeWords(sf.SurfShade[z][s]);
+                    // Overhangs and fins stand at a wall's window; a
+                    // skylight has none.
+                    const bool skylight = surf.kind == SurfaceClass::Roof && surf.tilt < 60;
+                    if (skylight && std::any_of(words.begin(), words.end(), [](const ShadeWord& w) {
+                            return w.letter != 'N' && w.value > 0;
+                        })) {
+                        note(s, "overhang and fins of a skylight not simulated");
+                        words.clear();
+                    }
                     for (std::size_t k = 0; k < words.size(); ++k) {
                         const ShadeWord& sw = words[k];
                         if (sw.letter == 'R') w.shading.rightFinProjection = sw.value;
                         if (sw.letter == 'L') w.shading.leftFinProjection = sw.value;
-                        if (sw.letter == 'F') w.shading.overhangProjection = sw.value;
-                        if (sw.letter == 'T') {
-                            w.shading.overhangProjection = sw.value;
-                            w.shading.overhangTransmittance = 0.5;
+                        if (sw.letter == 'F' || sw.letter == 'T') {
+                            w.shading.overhangProjection = sw.value * (1.0 + gap);
+                            w.shading.overhangGap = gap;
                         }
+                        if (sw.letter == 'T') w.shading.overhangTransmittance = 0.5;
                     }
                     w.shading.blind = sf.SurfBlind[z][s];
                     surf.windows.push_back(w);

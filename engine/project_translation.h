@@ -28,25 +28,47 @@ std::array<double, 12> ClimateRow(const std::string& row);
 // location text; numbers may touch ("39.83-104.65").
 Site ClimateSite(const std::string& line2);
 
-// Builds the engine's records from the model:
-// - walls and roofs: each catalog entry becomes the two-layer construction
-//   that has its U-factor, time lag and decrement factor (FitConstruction,
-//   ISO 13786), with its solar absorptance outside;
+// One level of the building matrix (`bld_mtx.all`): its room height (ft)
+// and number of floors, from the level's header lines ("Room Height",
+// "No. of Flrs"), or the room height of its zone lines when the header has
+// none.
+struct LevelHeight {
+    double roomHeight = 0, floors = 1;
+};
+std::vector<LevelHeight> ReadLevelHeights(const std::string& buildingMatrix);
+
+// Builds the engine's records from the model and the building matrix (the
+// text after "BUILDING MATRIX"):
+// - walls and roofs: each catalog entry becomes the layered construction of
+//   its assembly class with its U-factor and time lag (assembly.h), with its
+//   solar absorptance outside;
+// - the zone's storey: the room height of its level (volume, heights of
+//   its surfaces for the wind);
 // - windows: the clear-glass unit with the catalog U-factor and SHGC
 //   (MatchGlazing), whose angular behaviour follows from Fresnel's laws;
 // - surfaces by exposure: 1 to 5 walls over that ground cover, 6 roofs,
 //   7 the slab's perimeter strip (to the monthly ground temperature) and 71
-//   to 76 the slab core and below-grade parts (to the annual mean ground
+//   to 76 the slab core and below-grade parts (to the same monthly ground
 //   temperature through more soil), after the two-region slab of ISO 13370;
-// - shading words: R and L fins, F an opaque and T a transmitting overhang
-//   (half of the beam passes), each with its projection factor;
+// - shading words: R and L fins (depth over the window's width), F an
+//   opaque and T a transmitting overhang (half of the beam passes) by its
+//   projection factor, depth over the height from the sill to the
+//   overhang's underside, the overhang standing at the top of the storey;
+//   `Window Ht` is the height of the window's head above the floor;
 // - zone field 4 as internal mass in lb per sq.ft of floor (concrete, both
 //   faces in the room), people at 250 Btu/h sensible and 200 Btu/h latent
 //   (ASHRAE Fundamentals, office work), lights and receptacles in W per
-//   sq.ft, infiltration in air changes, outdoor air by its prefix while the
-//   fan profile runs (CP per person, CS per sq.ft, PA percent of a supply of
-//   1 cfm per sq.ft), thermostats in deg F from the profiles.
+//   sq.ft with the radiant share of their kind, infiltration in air changes,
+//   outdoor air by its prefix while the fan profile runs (CP per person, CS
+//   per sq.ft, PA percent of a supply of 1 cfm per sq.ft), natural
+//   ventilation at field 22 cfm per sq.ft when switched on, thermostats in
+//   deg F from the profiles;
+// - every field that this run does not simulate and that is set (hot
+//   water, daylighting, the economiser, the HVAC and heating types, fan
+//   static pressure, costs, diffuse transmission, S/W/B) is named in
+//   `notes` with its zone.
 // `runType` 4 leaves every zone floating; 1 heats but does not cool.
-ProjectRunInputs TranslateProject(const ProjectModel& model, int runType);
+ProjectRunInputs TranslateProject(const ProjectModel& model, int runType,
+                                  const std::string& buildingMatrix);
 
 }  // namespace solvane::engine

@@ -81,7 +81,7 @@ int FindWindowKind(std::vector<WindowKind>& list, const HeatSurface& h) {
         const WindowShading& a = x.shading;
         if (x.orientation == h.orientation && x.windowType == h.windowType &&
             x.groundReflectance == h.groundReflectance && x.cosTilt == h.cosTilt &&
-            a.overhangProjection == c.overhangProjection &&
+            a.overhangProjection == c.overhangProjection && a.overhangGap == c.overhangGap &&
             a.overhangTransmittance == c.overhangTransmittance &&
             a.leftFinProjection == c.leftFinProjection &&
             a.rightFinProjection == c.rightFinProjection && a.obstruction == c.obstruction &&
@@ -194,6 +194,7 @@ ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<Windo
             if (h.isWindow) {
                 const WindowShading &a = m.window->shading, &c = h.window->shading;
                 if (a.overhangProjection != c.overhangProjection ||
+                    a.overhangGap != c.overhangGap ||
                     a.overhangTransmittance != c.overhangTransmittance ||
                     a.leftFinProjection != c.leftFinProjection ||
                     a.rightFinProjection != c.rightFinProjection ||
@@ -256,20 +257,38 @@ ZoneState BuildZone(const Building& b, const Zone& zone, const std::vector<Windo
     return z;
 }
 
-// Fraction of a window's beam not shaded by an overhang at its head and fins
-// at its sides, each long enough to count as infinite (projection factor
-// method, ASHRAE Fundamentals 2017 ch. 15), and the share of sky diffuse the
-// overhang leaves (two-dimensional view factor of the overhang).
+// Fraction of a window's beam left by an overhang above its head and fins at
+// its sides, each long enough to count as infinite: the shadow of the
+// overhang's edge falls its depth times the tangent of the sun's vertical
+// profile angle below it, and reaches the glass past the gap between the
+// head and the overhang; a fin's shadow is its depth times the tangent of
+// the horizontal profile angle (ASHRAE Fundamentals 2017 ch. 15). Diffuse
+// light: the two-dimensional view factors of the overhang and of each fin
+// from the window by Hottel's crossed strings (Hottel & Sarofim 1967). The
+// overhang hides sky only; a fin, standing the window's full height, hides
+// sky and ground alike.
 struct ShadeFactors {
-    double beam = 1, sky = 1;
+    double beam = 1, sky = 1, ground = 1;
 };
 ShadeFactors WindowShade(const WindowShading& sh, const SunPosition& sun, double cosAz,
                          double sinAz) {
     ShadeFactors f;
-    const double p = sh.overhangProjection;
+    const double p = sh.overhangProjection, gap = sh.overhangGap;
     if (p > 0) {
-        f.sky = 1.0 - (1.0 + p - std::sqrt(1.0 + p * p)) * (1.0 - sh.overhangTransmittance);
+        // View factor window -> overhang, in window heights; a vertical
+        // window sees half its view in sky.
+        const double view =
+            0.5 * (1.0 + std::sqrt(p * p + gap * gap) - std::sqrt(p * p + (1 + gap) * (1 + gap)));
+        f.sky = 1.0 - 2.0 * view * (1.0 - sh.overhangTransmittance);
     }
+    for (const double fin : {sh.leftFinProjection, sh.rightFinProjection}) {
+        if (fin <= 0) continue;
+        const double view = 0.5 * (1.0 + fin - std::sqrt(1.0 + fin * fin));
+        f.sky -= view;
+        f.ground -= view;
+    }
+    f.sky = std::max(f.sky, 0.0);
+    f.ground = std::max(f.ground, 0.0);
     if (sun.aboveHorizon && (p > 0 || sh.leftFinProjection > 0 || sh.rightFinProjection > 0)) {
         // Sun in the window's frame: x towards the right hand of someone
         // outside facing the window, (-cos az, sin az) in (east, north); y
@@ -279,7 +298,7 @@ ShadeFactors WindowShade(const WindowShading& sh, const SunPosition& sun, double
         if (y > 1e-6) {
             double lit = 1.0;
             if (p > 0) {
-                const double shade = std::min(1.0, p * sun.up / y);
+                const double shade = std::clamp(p * sun.up / y - gap, 0.0, 1.0);
                 lit *= 1.0 - shade * (1.0 - sh.overhangTransmittance);
             }
             const double fin = x > 0 ? sh.rightFinProjection : sh.leftFinProjection;
@@ -424,7 +443,7 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 const WindowOptics& op = optics[x.windowType];
                 const ShadeFactors sf = WindowShade(x.shading, sun, x.cosAzimuth, x.sinAzimuth);
                 const double beam = ir.beam * sf.beam;
-                const double diff = ir.skyDiffuse * sf.sky + groundDiffuse;
+                const double diff = ir.skyDiffuse * sf.sky + groundDiffuse * sf.ground;
                 const double blind = BlindFactor(x.shading.blind, beam);
                 const double tb = beam > 0 ? op.Transmittance(ir.cosIncidence) : 0.0;
                 const double ab = beam > 0 ? op.AbsorbedInward(ir.cosIncidence) : 0.0;
@@ -501,6 +520,16 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 in.tCool = (hvac && zone.coolingSetpointProfile >= 0)
                                ? prof(zone.coolingSetpointProfile)
                                : 1e30;
+                // Natural ventilation aims at the middle of the zone's
+                // dead band (of the comfort zone where a set-point is
+                // missing), never below the comfort zone.
+                if (zone.naturalVentFlow > 0) {
+                    const double lo = in.tHeat > -1e29 ? in.tHeat : opt.comfortLower;
+                    const double hi = in.tCool < 1e29 ? in.tCool : opt.comfortUpper;
+                    in.tVent = std::max(0.5 * (lo + hi), opt.comfortLower);
+                } else {
+                    in.tVent = 1e30;
+                }
                 in.heatCapacity = zone.heatingCapacity;
                 in.coolCapacity = zone.coolingCapacity;
                 const double oaFlow =
@@ -528,6 +557,7 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                     const double rhoCp = AirDensity(pressure, st.tAir) * kAirCp;
                     in.gInfiltration = rhoCp * zone.volume * zone.infiltrationAch / 3600.0;
                     in.gOutdoorAir = rhoCp * oaFlow;
+                    in.gNaturalVentMax = rhoCp * zone.naturalVentFlow;
                     const StepResult r = detail::StepZone(st, in, dt);
                     hourT += r.tAir * invSteps;
                     std::array<double, kComponentCount> gains = r.gains;
@@ -565,6 +595,7 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 zr.equipmentEnergy += equip;
                 zr.coolingEnergy += hourQc;
                 zr.monthlyHeating[month] += hourQh;
+                zr.monthlySolarGain[month] += solarTotal;
                 zr.monthlyCooling[month] += hourQc;
                 for (int c = 0; c < kComponentCount; ++c) {
                     zr.heatingByComponent[c] += heatComp[c];

@@ -79,8 +79,9 @@ struct ZoneResults {
     double heatingEnergy = 0, coolingEnergy = 0;                // Wh over the run
     double lightsEnergy = 0, equipmentEnergy = 0;               // Wh over the run
     std::array<double, 12> monthlyHeating{}, monthlyCooling{};  // Wh
-    double peakHeating = 0, peakCooling = 0;                    // W, hour means
-    int peakHeatingHour = -1, peakCoolingHour = -1;             // 0-based hour of the year
+    std::array<double, 12> monthlySolarGain{};  // Wh of solar through the windows into the zone
+    double peakHeating = 0, peakCooling = 0;    // W, hour means
+    int peakHeatingHour = -1, peakCoolingHour = -1;  // 0-based hour of the year
     // Loads by component: heating rows count losses positive, cooling rows
     // gains positive; each table sums to its total.
     std::array<double, kComponentCount> heatingByComponent{}, coolingByComponent{};        // Wh

@@ -129,7 +129,8 @@ struct StepInputs {
     double windPowerWindward = 0, windPowerLeeward = 0;  // weather wind ^0.89, ^0.617
     double windCos = 1, windSin = 0;                     // of the direction the wind comes from
     double gInfiltration = 0, gOutdoorAir = 0;           // W/K
-    double convective = 0;                               // internal gains to the air, W
+    double gNaturalVentMax = 0, tVent = 1e30;  // natural ventilation: W/K at most, and down to C
+    double convective = 0;                     // internal gains to the air, W
     double tHeat = -1e30, tCool = 1e30;
     double heatCapacity = 1e30, coolCapacity = 1e30;
 };

@@ -233,7 +233,18 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
     // Q = alpha Ta - beta after eliminating the star node.
     const double alpha = a1 - a2 * m1 / m2;
     const double beta = a0 - a2 * m0 / m2;
-    double ta = beta / alpha, q = 0;
+    double ta = beta / alpha, q = 0, gVent = 0;
+    // Natural ventilation: windows open when the outdoor air can cool the
+    // floating zone towards its venting temperature; the flow is what holds
+    // that temperature, at most the zone's rate. When the full rate cannot
+    // keep the zone below its cooling set-point, the windows stay shut and
+    // the system cools.
+    if (in.gNaturalVentMax > 0 && ta > in.tVent && in.tOut < in.tVent) {
+        const double g =
+            std::min(in.gNaturalVentMax, (beta - alpha * in.tVent) / (in.tVent - in.tOut));
+        const double t = (beta + g * in.tOut) / (alpha + g);
+        if (t <= in.tCool) gVent = g, ta = t;
+    }
     if (ta < in.tHeat) {
         q = std::min(alpha * in.tHeat - beta, in.heatCapacity);
         ta = (q + beta) / alpha;
@@ -305,9 +316,10 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
     r.gains[component] += componentGain;
     r.gains[kCompInfiltration] = in.gInfiltration * (in.tOut - ta);
     r.gains[kCompOutdoorAir] = in.gOutdoorAir * (in.tOut - ta);
+    r.gains[kCompNaturalVent] = gVent * (in.tOut - ta);
     r.gains[kCompStorage] -= cAir * (ta - tAirOld);
-    for (const double f :
-         {r.gains[kCompInfiltration], r.gains[kCompOutdoorAir], in.convective, q}) {
+    for (const double f : {r.gains[kCompInfiltration], r.gains[kCompOutdoorAir],
+                           r.gains[kCompNaturalVent], in.convective, q}) {
         flowIn += std::max(f, 0.0);
         flowOut += std::max(-f, 0.0);
     }

@@ -34,7 +34,9 @@ std::vector<ReferenceRange> ReadReferenceRanges(const std::string& path) {
     return out;
 }
 
-std::map<std::string, double> RunBestestCases(const WeatherYear& weather, int stepsPerHour) {
+std::map<std::string, double> RunBestestCases(const WeatherYear& weather, int stepsPerHour,
+                                              const CaseSource& source) {
+    const CaseSource make = source ? source : CaseSource(BestestBuilding);
     static const char* kMonths[12] = {"jan", "feb", "mar", "apr", "may", "jun",
                                       "jul", "aug", "sep", "oct", "nov", "dec"};
     std::map<std::string, double> f;
@@ -43,7 +45,7 @@ std::map<std::string, double> RunBestestCases(const WeatherYear& weather, int st
         RunOptions opt;
         opt.stepsPerHour = stepsPerHour;
         opt.keepHourly = false;
-        const ZoneResults r = Simulate(BestestBuilding(heavy, false), weather, opt).zones[0];
+        const ZoneResults r = Simulate(make(heavy, false), weather, opt).zones[0];
         f[name + "/annual_heating"] = r.heatingEnergy / 1e6;
         f[name + "/annual_cooling"] = r.coolingEnergy / 1e6;
         f[name + "/peak_heating"] = r.peakHeating / 1e3;
@@ -55,7 +57,7 @@ std::map<std::string, double> RunBestestCases(const WeatherYear& weather, int st
             f[name + "/heating_" + kMonths[m]] = r.monthlyHeating[m] / 1e3;
             f[name + "/cooling_" + kMonths[m]] = r.monthlyCooling[m] / 1e3;
         }
-        const ZoneResults ff = Simulate(BestestBuilding(heavy, true), weather, opt).zones[0];
+        const ZoneResults ff = Simulate(make(heavy, true), weather, opt).zones[0];
         f[name + "FF/max_temperature"] = ff.maxTemperature;
         f[name + "FF/min_temperature"] = ff.minTemperature;
         f[name + "FF/mean_temperature"] = ff.meanTemperature;

@@ -13,8 +13,7 @@ namespace {
 const std::string kSource = SOLVANE_SOURCE_DIR;
 
 const WeatherYear& Denver() {
-    static const WeatherYear w = ReadEpwFile(kSource + "/tests/fixtures/weather/725650TYCST.epw");
-    return w;
+    return DenverWeather();
 }
 
 const std::map<std::string, double>& Figures() {

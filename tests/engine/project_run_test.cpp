@@ -3,16 +3,10 @@
 // what the layer-by-layer descriptions give.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-
 #include "bestest_building.h"
-#include "core/session.h"
-#include "core/text_file.h"
-#include "engine/epw_reader.h"
+#include "bestest_cases.h"
 #include "engine/project_translation.h"
 #include "engine/simulation.h"
-#include "projectfile/project_file.h"
-#include "ui/scripted_prompt.h"
 
 namespace solvane::engine {
 namespace {
@@ -20,22 +14,11 @@ namespace {
 const std::string kSource = SOLVANE_SOURCE_DIR;
 
 ProjectRunInputs LoadCase(const std::string& name, int runType) {
-    const auto dir = std::filesystem::temp_directory_path() / ("solvane_engine_" + name);
-    std::filesystem::create_directories(dir / "temp");
-    std::filesystem::create_directories(dir / "sketch");
-    Session session;
-    session.paths = ProgramPaths(dir);
-    ScriptedPrompt prompt;
-    const auto text = ReadTextFile(kSource + "/tests/engine/projects/" + name);
-    EXPECT_TRUE(text.has_value());
-    EXPECT_EQ(ReadProjectFile(session, prompt, *text, name, {}), ReadStatus::Read);
-    std::filesystem::remove_all(dir);
-    return TranslateProject(session.model, runType);
+    return testing::LoadProjectCase(kSource + "/tests/engine/projects/" + name, runType);
 }
 
 const WeatherYear& Denver() {
-    static const WeatherYear w = ReadEpwFile(kSource + "/tests/fixtures/weather/725650TYCST.epw");
-    return w;
+    return testing::DenverWeather();
 }
 
 TEST(ProjectRun, TranslationKeepsTheCase600Inputs) {
@@ -63,9 +46,9 @@ TEST(ProjectRun, TranslationKeepsTheCase600Inputs) {
 }
 
 TEST(ProjectRun, ProjectFilesLandNearTheLayeredCases) {
-    // The project route fits each construction from three figures, takes a
-    // ten-foot storey for the air volume and the receptacles' radiant share:
-    // within 12 percent of the layered description.
+    // What remains between the two routes: the receptacles' radiant share
+    // (0.3 by their kind, the case's gain 0.6), the floor open to sun and
+    // wind, and the class layers behind each catalog entry.
     for (bool heavy : {false, true}) {
         const ProjectRunInputs in = LoadCase(heavy ? "case900.inp" : "case600.inp", 3);
         RunOptions opt;
@@ -73,8 +56,8 @@ TEST(ProjectRun, ProjectFilesLandNearTheLayeredCases) {
         const ZoneResults p = Simulate(in.building, Denver(), opt).zones[0];
         const ZoneResults d =
             Simulate(testing::BestestBuilding(heavy, false), Denver(), opt).zones[0];
-        EXPECT_NEAR(p.heatingEnergy, d.heatingEnergy, 0.12 * d.heatingEnergy) << heavy;
-        EXPECT_NEAR(p.coolingEnergy, d.coolingEnergy, 0.12 * d.coolingEnergy) << heavy;
+        EXPECT_NEAR(p.heatingEnergy, d.heatingEnergy, 0.04 * d.heatingEnergy) << heavy;
+        EXPECT_NEAR(p.coolingEnergy, d.coolingEnergy, 0.04 * d.coolingEnergy) << heavy;
         EXPECT_LT(p.BalanceError(), 1e-3);
     }
 }

@@ -18,14 +18,26 @@ int main() {
     const WeatherYear w = ReadEpwFile(src + "/tests/fixtures/weather/725650TYCST.epw");
     const auto ranges = testing::ReadReferenceRanges(src + "/tests/engine/bestest_ranges.csv");
     const auto f = testing::RunBestestCases(w);
-    std::printf("| Case | Quantity | Solvane | Reference min | Reference max | Inside |\n");
-    std::printf("|---|---|---|---|---|---|\n");
+    const auto p = testing::RunBestestCases(w, 4, testing::ProjectCaseBuilding);
+    auto inside = [](double v, const testing::ReferenceRange& r) {
+        return v >= r.min - 1e-9 && v <= r.max + 1e-9;
+    };
+    std::printf(
+        "| Case | Quantity | Project file | Layered | Reference min | Reference max | Inside |\n");
+    std::printf("|---|---|---|---|---|---|---|\n");
     for (const auto& r : ranges) {
-        const double v = f.at(r.caseName + "/" + r.quantity);
-        std::printf("| %s | %s | %.3f | %.3f | %.3f | %s |\n", r.caseName.c_str(),
-                    r.quantity.c_str(), v, r.min, r.max,
-                    (v >= r.min - 1e-9 && v <= r.max + 1e-9) ? "yes" : "NO");
+        const double v = p.at(r.caseName + "/" + r.quantity);
+        const double d = f.at(r.caseName + "/" + r.quantity);
+        std::printf("| %s | %s | %.3f | %.3f | %.3f | %.3f | %s |\n", r.caseName.c_str(),
+                    r.quantity.c_str(), v, d, r.min, r.max,
+                    inside(v, r) && inside(d, r)
+                        ? "both"
+                        : (inside(v, r) ? "project only" : (inside(d, r) ? "layered only" : "NO")));
     }
+    for (const char* c : {"600", "900", "600FF", "900FF"})
+        std::printf("balance %s: project %.2e layered %.2e\n", c,
+                    p.at(std::string(c) + "/balance_error"),
+                    f.at(std::string(c) + "/balance_error"));
     // Synthetic weather: worst month over 20 seeds for each climate.
     std::printf(
         "\n| Climate | Mean dry bulb, worst month (F) | SD of daily mean, worst (%%) | "
