@@ -3,9 +3,13 @@
 // recorded weather ecalc$.tmy when the control file asks for it), simulates
 // the year and writes Monitor.txt, sim$.out, ecalc$.wth and ecalc$.flt, then
 // ends. Its exit status is 0 on success, 1 when the inputs could not be used
-// (Monitor.txt then says why).
+// or an output could not be written (Monitor.txt then says why, or the
+// standard error stream when Monitor.txt itself cannot be written). Stopped
+// by SIGTERM, SIGINT or SIGHUP, it leaves Monitor.txt saying so and no other
+// output.
 #include <chrono>
 #include <cmath>
+#include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <string>
@@ -18,8 +22,10 @@
 #include "engine/custom_weather.h"
 #include "engine/epw_reader.h"
 #include "engine/fixed_column_weather.h"
+#include "engine/project_checks.h"
 #include "engine/project_translation.h"
 #include "engine/report.h"
+#include "engine/run_guard.h"
 #include "engine/simulation.h"
 #include "engine/synthetic_weather.h"
 #include "projectfile/project_file.h"
@@ -50,7 +56,19 @@ std::string Read(const fs::path& p) {
 }
 
 void Write(const fs::path& p, const std::string& text) {
-    if (!WriteFileAtomic(p, text)) throw std::runtime_error("cannot write " + p.string());
+    std::string why;
+    if (!WriteFileAtomic(p, text, &why)) throw std::runtime_error(WriteFailureText(p, why));
+}
+
+// The record of a run that did not complete. When even Monitor.txt cannot be
+// written, the record goes to the standard error stream.
+int Failed(const fs::path& here, const std::string& monitor) {
+    RemoveOutputs(here, true);
+    std::string why;
+    if (WriteFileAtomic(here / "Monitor.txt", monitor, &why)) return 1;
+    std::fputs(("Solv2020: " + WriteFailureText(here / "Monitor.txt", why) + "\n").c_str(), stderr);
+    std::fputs(monitor.c_str(), stderr);
+    return 1;
 }
 
 }  // namespace
@@ -64,6 +82,12 @@ int main() {
     // The project reader stages zone files and the matrix under a program
     // folder; a private one keeps the user's sketch untouched.
     const fs::path work = here / "Solv2020.work";
+    // Nothing of an earlier run may pass for this one's, and a stop by a
+    // signal leaves the record alone.
+    RemoveOutputs(here);
+    ArmStopHandler(here, MonitorText(ctx, 0, {}, "SIMULATION STOPPED BEFORE IT COMPLETED"));
+    std::error_code removed;
+    fs::remove_all(work, removed);
     try {
         ctx.control = ReadControlFile(Read(here / "ecalc$.tmp"), "ecalc$.tmp");
         const std::string inp = Read(here / "ecalc$.inp");
@@ -81,6 +105,8 @@ int main() {
         notes.insert(notes.end(), prompt.messages.begin(), prompt.messages.end());
         if (st != ReadStatus::Read) throw std::runtime_error("ecalc$.inp could not be read");
 
+        const std::vector<std::string> checked = CheckProject(session.model, lines, "ecalc$.inp");
+        notes.insert(notes.end(), checked.begin(), checked.end());
         ProjectRunInputs in = TranslateProject(session.model, ctx.control.runType);
         notes.insert(notes.end(), in.notes.begin(), in.notes.end());
         ctx.projectName = session.model.ProjectData[kProjName];
@@ -107,6 +133,8 @@ int main() {
             ctx.weatherSource = "RECORDED " + weather.site.name;
         }
 
+        ArmStopHandler(
+            here, MonitorText(ctx, zoneCount, notes, "SIMULATION STOPPED BEFORE IT COMPLETED"));
         RunOptions opt;
         opt.beginDay = std::min(ctx.control.beginDay, 365);
         opt.endDay = std::min(ctx.control.endDay, 365);
@@ -143,7 +171,5 @@ int main() {
     }
     std::error_code ec;
     fs::remove_all(work, ec);
-    WriteFileAtomic(here / "Monitor.txt",
-                    MonitorText(ctx, zoneCount, notes, "SIMULATION NOT COMPLETED"));
-    return 1;
+    return Failed(here, MonitorText(ctx, zoneCount, notes, "SIMULATION NOT COMPLETED"));
 }

@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <thread>
@@ -46,6 +47,23 @@ bool IsEngineRunning(EngineProcess& engine, int milliseconds) {
         }
         if (std::chrono::steady_clock::now() >= until) return true;
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+}
+
+void StopEngine(EngineProcess& engine, int graceMilliseconds) {
+    if (engine.finished || engine.pid <= 0) return;
+    ::kill(engine.pid, SIGTERM);
+    if (!IsEngineRunning(engine, graceMilliseconds)) return;
+    ::kill(engine.pid, SIGKILL);
+    while (IsEngineRunning(engine, 1000)) {
+    }
+}
+
+void DeleteEngineOutputs(const ProgramPaths& paths) {
+    for (const char* name : {"Monitor.txt", "sim$.out", "ecalc$.wth", "ecalc$.flt", "ecalc$.hry",
+                             "etemp$.hry", "eweth$.hry"}) {
+        std::error_code ec;
+        std::filesystem::remove(paths.Resolve("temp") / name, ec);
     }
 }
 

@@ -25,7 +25,17 @@ EngineProcess StartEngine(const ProgramPaths& paths, std::string& error);
 // Waits up to `milliseconds` for the process; true while it still runs.
 bool IsEngineRunning(EngineProcess& engine, int milliseconds);
 
+// Asks the engine to stop (SIGTERM), waits up to `graceMilliseconds` for it
+// to leave its record, then ends it outright (SIGKILL). Returns once it is
+// gone.
+void StopEngine(EngineProcess& engine, int graceMilliseconds);
+
 // Deletes \temp\*.flt before a run; failures are ignored.
 void DeleteComfortFiles(const ProgramPaths& paths);
+
+// Deletes what an earlier run of the engine left in \temp (Monitor.txt,
+// sim$.out, ecalc$.wth, ecalc$.flt and the hourly files), so that nothing of
+// it can be taken for this run's.
+void DeleteEngineOutputs(const ProgramPaths& paths);
 
 }  // namespace solvane
