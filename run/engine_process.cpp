@@ -16,8 +16,19 @@ extern char** environ;
 
 namespace solvane {
 
+std::filesystem::path EnginePath(const ProgramPaths& paths) {
+    const std::filesystem::path inFolder = paths.Resolve(kEngineName);
+    std::error_code ec;
+    if (std::filesystem::exists(inFolder, ec)) return inFolder;
+    const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", ec);
+    if (!ec && self.parent_path().filename() == "bin" &&
+        std::filesystem::exists(self.parent_path() / kEngineName, ec))
+        return self.parent_path() / kEngineName;
+    return inFolder;
+}
+
 EngineProcess StartEngine(const ProgramPaths& paths, std::string& error) {
-    const std::string program = paths.Resolve(kEngineName).string();
+    const std::string program = EnginePath(paths).string();
     const std::string temp = paths.Resolve("temp").string();
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);

@@ -18,6 +18,11 @@ struct EngineProcess {
     int exitStatus = -1;  // once finished: the exit code, -1 when it did not end normally
 };
 
+// The engine: in the program folder, else beside the running program when
+// that stands in a bin folder (an installed system keeps its programs in
+// /usr/bin and the program folder, or the user's copy of it, elsewhere).
+std::filesystem::path EnginePath(const ProgramPaths& paths);
+
 // Starts the engine with no arguments in \temp. The process id is -1, with
 // the reason in `error`, when it could not be started.
 EngineProcess StartEngine(const ProgramPaths& paths, std::string& error);

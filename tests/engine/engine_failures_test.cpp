@@ -124,7 +124,7 @@ class EngineFolder : public ::testing::Test {
     // Starts the engine in the folder, optionally with a file size limit
     // (a disk that fills) and a stop signal once it is at work.
     EngineRun Run(const std::string& inp, const std::string& control = kControl,
-                  rlim_t fileSizeLimit = RLIM_INFINITY, int stopSignal = 0) {
+                  rlim_t fileSizeLimit = RLIM_INFINITY, int stopSignal = 0, uid_t asUser = 0) {
         EXPECT_TRUE(WriteFileAtomic(dir_ / "ecalc$.inp", inp));
         EXPECT_TRUE(WriteFileAtomic(dir_ / "ecalc$.tmp", control));
         const std::string errPath = (dir_.parent_path() / (dir_.filename().string() + ".err"));
@@ -136,6 +136,7 @@ class EngineFolder : public ::testing::Test {
             const rlimit limit{fileSizeLimit, fileSizeLimit};
             ::setrlimit(RLIMIT_FSIZE, &limit);
             ::signal(SIGXFSZ, SIG_IGN);  // a write past the limit then fails as on a full disk
+            if (asUser != 0 && (::setgid(asUser) != 0 || ::setuid(asUser) != 0)) ::_exit(126);
             ::execl(SOLV2020_PATH, SOLV2020_PATH, static_cast<char*>(nullptr));
             ::_exit(127);
         }
@@ -252,6 +253,21 @@ TEST_F(EngineFolder, ARecordThatCannotBeWrittenGoesToStandardError) {
     EXPECT_EQ(r.status, 1);
     EXPECT_NE(r.err.find("Monitor.txt could not be written: "), std::string::npos) << r.err;
     EXPECT_NE(r.err.find("SIMULATION"), std::string::npos) << r.err;
+}
+
+// A folder the engine may not write in (run as a user without the right):
+// the reason goes to the standard error stream.
+TEST_F(EngineFolder, AFolderItCannotWriteIsToldOnStandardError) {
+    if (::geteuid() != 0) GTEST_SKIP() << "needs root to run the engine as another user";
+    const uid_t nobody = 65534;
+    fs::permissions(dir_, fs::perms::owner_all | fs::perms::group_read | fs::perms::group_exec |
+                              fs::perms::others_read | fs::perms::others_exec);
+    const EngineRun r = Run(inp_, kControl, RLIM_INFINITY, 0, nobody);
+    if (r.status == 127) GTEST_SKIP() << "the engine's folder is closed to other users";
+    EXPECT_EQ(r.status, 1);
+    EXPECT_NE(r.err.find("Monitor.txt could not be written: Permission denied"), std::string::npos)
+        << r.err;
+    EXPECT_NE(r.err.find("SIMULATION NOT COMPLETED"), std::string::npos) << r.err;
 }
 
 // Stopped by a signal at work, the engine leaves its record saying so and no
