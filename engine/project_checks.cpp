@@ -62,8 +62,12 @@ FileMap MapFile(const ProjectModel& m, const std::vector<std::string>& lines) {
     // Catalog blocks: seven lines an entry, at most 20, closed by "9999".
     auto catalog = [&](std::map<int, int>& into) {
         ++i;
-        for (int k = 0; k < 20 && i < n && lines[i] != "9999"; ++k, i += 7)
-            into[static_cast<int>(NumVal(cuts::Value(lines[i])))] = static_cast<int>(i) + 1;
+        for (int k = 0; k < 20 && i < n && lines[i] != "9999"; ++k, i += 7) {
+            // The reader took only ids of the catalog's range; the walk may
+            // meet anything in a file it read out of step.
+            const double id = NumVal(cuts::Value(lines[i]));
+            if (id >= 0 && id <= kMaxCatalog) into[static_cast<int>(id)] = static_cast<int>(i) + 1;
+        }
     };
     if (find("WALL AND ROOF PROPERTIES")) catalog(map.wall);
     if (find("WINDOW PROPERTIES")) catalog(map.window);
