@@ -3,8 +3,6 @@
 // 1 the region's city records, 2 the map list); the other regions stay the
 // small valid files made at the start. The index is then loaded and every
 // record's lines parsed as the location screen parses them.
-#include <stdlib.h>
-
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -12,6 +10,7 @@
 
 #include "core/item_reader.h"
 #include "core/text_file.h"
+#include "tests/fuzz/scratch_folder.h"
 #include "weather/climate_database.h"
 
 namespace fs = std::filesystem;
@@ -32,11 +31,9 @@ const char* const kRecord =
     "   7.4   7.8   8.2   7.8   6.5   5.9   5.5   5.3   5.8   6.1   6.8   7.2\r\n";
 
 const fs::path& ProgramFolder() {
-    static const fs::path root = [] {
-        std::string pattern = (fs::temp_directory_path() / "solvane_climate_XXXXXX").string();
-        const char* made = mkdtemp(pattern.data());
-        const fs::path p = made ? fs::path(made) : fs::temp_directory_path() / "solvane_climate";
-        const ProgramPaths paths(p);
+    static const fuzz::ScratchFolder folder("solvane_climate_");
+    static const bool made = [] {
+        const ProgramPaths paths(folder.Path());
         for (int r = 1; r <= kRegions; ++r) {
             fs::create_directories(paths.Resolve(MapListPath(r)).parent_path());
             WriteFileAtomic(
@@ -46,9 +43,10 @@ const fs::path& ProgramFolder() {
             WriteFileAtomic(paths.Resolve(MapListPath(r)), "Alabama.jpg\r\n");
             WriteFileAtomic(paths.Resolve(RegionFilePath(r)), kRecord);
         }
-        return p;
+        return true;
     }();
-    return root;
+    (void)made;
+    return folder.Path();
 }
 
 }  // namespace

@@ -3,8 +3,6 @@
 // a folder of the target's own and the engine runs there as it does in
 // temp, with the simulation cut short after a day. A run either completes or
 // leaves Monitor.txt saying why; it must not crash or trip a sanitizer.
-#include <stdlib.h>
-
 #include <cstdint>
 #include <filesystem>
 #include <string>
@@ -12,18 +10,15 @@
 
 #include "core/text_file.h"
 #include "engine/engine_run.h"
+#include "tests/fuzz/scratch_folder.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
 const fs::path& RunFolder() {
-    static const fs::path root = [] {
-        std::string pattern = (fs::temp_directory_path() / "solvane_engine_XXXXXX").string();
-        const char* made = mkdtemp(pattern.data());
-        return made ? fs::path(made) : fs::temp_directory_path() / "solvane_engine";
-    }();
-    return root;
+    static const solvane::fuzz::ScratchFolder folder("solvane_engine_");
+    return folder.Path();
 }
 
 }  // namespace
