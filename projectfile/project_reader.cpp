@@ -179,7 +179,9 @@ void Reader::ReadClimateAndEconomics() {
     const int climateLine = r_.LineNumber();
     const std::string zoneText = cuts::Right(Line(), 3);
     const double zone = NumVal(zoneText);
-    if (!(zone >= 1 && zone < 9))
+    // 0 or a blank names no zone: the project opens and asks for its location
+    // again. Any other figure outside 1 to 8 is a damaged file.
+    if (zone != 0 && !(zone >= 1 && zone < 9))
         Refuse(climateLine, "CLzone= \"" + cuts::TrimLeft(cuts::TrimRight(zoneText)) +
                                 "\": the climate zone must be 1 to 8");
     m_.session.ClimateZone = NumText(zone);

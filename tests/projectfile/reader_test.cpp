@@ -352,7 +352,7 @@ TEST_F(ReaderTest, WrongValuesAreNamedAtTheirOwnLine) {
         s.paths = target_.paths;
         ScriptedPrompt prompt;
         EXPECT_EQ(ReadProjectFile(s, prompt, c.text, "office.inp", test::TitleHooks()),
-                  ReadStatus::EndProgram);
+                  ReadStatus::Damaged);
         ASSERT_EQ(prompt.asked.size(), 1u);
         EXPECT_NE(prompt.asked[0].text.find(c.where), std::string::npos) << prompt.asked[0].text;
     }
@@ -363,7 +363,7 @@ TEST_F(ReaderTest, AStagingFileThatCannotBeWrittenIsNamed) {
     fs::remove_all(folder_->Root() / "temp");
     WriteFileAtomic(folder_->Root() / "temp", "a file where the folder should be");
     ScriptedPrompt prompt;
-    EXPECT_EQ(Read(file_, prompt), ReadStatus::EndProgram);
+    EXPECT_EQ(Read(file_, prompt), ReadStatus::Damaged);
     ASSERT_EQ(prompt.asked.size(), 1u);
     EXPECT_NE(prompt.asked[0].text.find("temp1-1.zon could not be written: Not a directory"),
               std::string::npos)
