@@ -244,8 +244,7 @@ TEST_F(EngineFolder, AWriteThatFailsIsNamedWithItsReason) {
     // summary.
     const EngineRun r = Run(inp_, kControl, 16384);
     EXPECT_EQ(r.status, 1);
-    EXPECT_NE(r.monitor.find("ecalc$.wth could not be written: File too large"),
-              std::string::npos)
+    EXPECT_NE(r.monitor.find("ecalc$.wth could not be written: File too large"), std::string::npos)
         << r.monitor << r.err;
     EXPECT_FALSE(AnyResult());
 }
