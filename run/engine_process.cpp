@@ -1,5 +1,6 @@
 #include "run/engine_process.h"
 
+#include <signal.h>
 #include <spawn.h>
 #include <strings.h>
 #include <sys/wait.h>
@@ -46,6 +47,15 @@ bool IsEngineRunning(EngineProcess& engine, int milliseconds) {
         }
         if (std::chrono::steady_clock::now() >= until) return true;
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+}
+
+void StopEngine(EngineProcess& engine, int graceMilliseconds) {
+    if (engine.finished || engine.pid <= 0) return;
+    ::kill(engine.pid, SIGTERM);
+    if (!IsEngineRunning(engine, graceMilliseconds)) return;
+    ::kill(engine.pid, SIGKILL);
+    while (IsEngineRunning(engine, 1000)) {
     }
 }
 

@@ -25,6 +25,10 @@ EngineProcess StartEngine(const ProgramPaths& paths, std::string& error);
 // Waits up to `milliseconds` for the process; true while it still runs.
 bool IsEngineRunning(EngineProcess& engine, int milliseconds);
 
+// Ends a running engine: asked to stop first, killed when it does not within
+// `graceMilliseconds`; the process is reaped either way.
+void StopEngine(EngineProcess& engine, int graceMilliseconds = 2000);
+
 // Deletes \temp\*.flt before a run; failures are ignored.
 void DeleteComfortFiles(const ProgramPaths& paths);
 
