@@ -28,6 +28,8 @@ class Walk {
         }
     }
     const std::string* Next() { return pos_ < lines_.size() ? &lines_[pos_++] : nullptr; }
+    // The line before the one last read.
+    const std::string* Previous() const { return pos_ >= 2 ? &lines_[pos_ - 2] : nullptr; }
     template <typename Pred>
     const std::string* Until(Pred pred) {
         while (const std::string* line = Next())
@@ -243,6 +245,8 @@ ReportRead<EnergySummary> ReadEnergySummary(std::string_view report) {
         title && walk.Next()
             ? walk.Until([](const std::string& l) { return StartsWith(l, "Site"); })
             : nullptr;
+    const std::string* captions = site ? walk.Previous() : nullptr;
+    std::string captionLine = captions ? *captions : std::string();
     const std::string* eui = site ? walk.Next() : nullptr;
     if (!eui) {
         r.error = "The energy summary of the results file has no site energy line.";
@@ -251,7 +255,10 @@ ReportRead<EnergySummary> ReadEnergySummary(std::string_view report) {
     t.ProjectTitleLine = Trim(Field(*title, 89, 44));
     static constexpr int kCols[7][2] = {{0, 0},  {18, 7}, {27, 8}, {38, 7},
                                         {48, 7}, {57, 7}, {68, 7}};
-    for (int i = 1; i <= 6; ++i) t.EnergyBreakdown[i] = Num(*site, kCols[i][0], kCols[i][1]);
+    for (int i = 1; i <= 6; ++i) {
+        t.EnergyBreakdown[i] = Num(*site, kCols[i][0], kCols[i][1]);
+        t.CategoryName[i] = Trim(Field(captionLine, kCols[i][0], kCols[i][1] + 2));
+    }
     t.perArea = Num(*eui, 89, 7);
     t.EnergyBreakdown90 = Num(*eui, 104, 7);
     t.SiteEUI = Num(*eui, 51, 6);

@@ -53,6 +53,7 @@ struct EnergySummary {
     ReportUnits units;
     std::string ProjectTitleLine;
     std::array<double, 7> EnergyBreakdown{};  // [1..6]
+    std::array<std::string, 7> CategoryName;  // [1..6], the captions above the figures
     double perArea = 0;
     double EnergyBreakdown90 = 0;
     double SiteEUI = 0, SourceEUI = 0;

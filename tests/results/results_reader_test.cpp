@@ -62,6 +62,7 @@ TEST(ResultsReader, EnergySummaryOfARealRun) {
         site += s.EnergyBreakdown[i];
     }
     EXPECT_GT(s.EnergyBreakdown[3], 0);  // the office has lights
+    EXPECT_EQ(s.CategoryName[3], "LIGHTS");
     EXPECT_GT(s.SiteEUI, 0);
     EXPECT_GT(s.SourceEUI, s.SiteEUI);  // electricity weighs more at the source
     EXPECT_NEAR(s.perArea, s.SiteEUI, 0.1);
