@@ -1,7 +1,9 @@
 #include "app/app_shell.h"
 
 #include <QDir>
+#include <QTime>
 #include <filesystem>
+#include <random>
 
 #include "app/catalogs.h"
 #include "app/economics.h"
@@ -9,6 +11,8 @@
 #include "app/mainform.h"
 #include "app/mainmenu.h"
 #include "app/projectinfo.h"
+#include "app/result_screens.h"
+#include "app/runsim.h"
 #include "app/warning.h"
 #include "app/weather.h"
 #include "app/zoneform.h"
@@ -57,6 +61,14 @@ void AppShell::MakeControllers() {
     demandController_ = std::make_unique<DemandChargeController>(s, prompt_);
     catalogController_ = std::make_unique<CatalogController>(s, prompt_);
     hvacController_ = std::make_unique<HvacController>(s, prompt_);
+    RunSimServices run;
+    run.random = [engine = std::make_shared<std::mt19937_64>(std::random_device{}())] {
+        return std::uniform_real_distribution<double>(0.0, 1.0)(*engine);
+    };
+    run.clock = [] { return QTime::currentTime().toString("hh:mm:ss").toStdString(); };
+    run.timeLimitSeconds = kEngineTimeLimitSeconds;
+    runSimController_ = std::make_unique<RunSimController>(s, prompt_, run);
+    resultViewController_ = std::make_unique<ResultViewController>(s, prompt_);
 }
 
 void AppShell::MakeScreens() {
@@ -76,9 +88,15 @@ void AppShell::MakeScreens() {
     catalog_ = std::make_unique<CatalogScreen>(*catalogController_, session_.paths, navigate, hub);
     hvac_ = std::make_unique<HvacScreen>(*hvacController_, navigate, hub);
     zones_ = std::make_unique<ZoneScreens>(session_, prompt_, navigate, hub);
-    session_.availableScreens.insert(
-        {Screen::OldFileForm, Screen::SampleFileForm, Screen::SaveInputForm, Screen::Weather,
-         Screen::ProjectInfo, Screen::Economics, Screen::Catalog, Screen::Hvac, Screen::ZoneForm});
+    runOptions_ = std::make_unique<RunOptionsScreen>(
+        [this](int runType) { Navigate(mainmenuController_->RunEnergy(runType)); }, hub);
+    results_ = std::make_unique<ResultChartScreen>(*resultViewController_, navigate, hub);
+    runSim_ = std::make_unique<RunSimScreen>(
+        *runSimController_, navigate, [this] { results_->Open(ChartKind::Source); }, hub);
+    session_.availableScreens.insert({Screen::OldFileForm, Screen::SampleFileForm,
+                                      Screen::SaveInputForm, Screen::Weather, Screen::ProjectInfo,
+                                      Screen::Economics, Screen::Catalog, Screen::Hvac,
+                                      Screen::ZoneForm, Screen::RunOptions, Screen::RunSim});
 }
 
 void AppShell::Start(const StartupEnvironment& env) {
@@ -148,6 +166,12 @@ void AppShell::Navigate(const Navigation& nav) {
             break;
         case Screen::ZoneForm:
             zones_->Open();
+            break;
+        case Screen::RunOptions:
+            runOptions_->open();
+            break;
+        case Screen::RunSim:
+            runSim_->Open();
             break;
         case Screen::Warning:
             warning_->Refresh();

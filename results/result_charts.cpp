@@ -249,13 +249,13 @@ void DrawPeakChart(const ComponentLoads& l, LoadView view, const ChartHead& head
         const std::string shown = Rounded(value, 2);
         Label(f, "valcat_" + std::to_string(i), shown, color);
         Label(f, "catlabel_" + std::to_string(i), l.label[i - 1], color);
-        const double labelY = value >= 0 ? 3500 - value * 1900 / scale - 250 : 3550;
+        const double labelY = 3500 - value * 1900 / scale + (value >= 0 ? -250 : 50);
         Text(canvas, s, x - 100, labelY, shown, color, 7);
         // The category names as a numbered key under the chart.
         const double keyX = i <= 5 ? 1300 : 5200;
         const double keyY = 5600 + 280.0 * ((i - 1) % 5);
         Text(canvas, s, keyX, keyY, std::to_string(i) + "  " + l.label[i - 1], color, 8);
-        Text(canvas, s, x + 120, 3400 + (value >= 0 ? 200 : -250), std::to_string(i), kGrey, 7);
+        Text(canvas, s, x + 120, 5420, std::to_string(i), kGrey, 7);
     }
 }
 

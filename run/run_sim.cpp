@@ -110,7 +110,6 @@ bool RunSimController::ExecuteRun() {
     DeleteComfortFiles(session_.paths);
 
     std::string error;
-    counter_ = 0;
     started_ = std::chrono::steady_clock::now();
     engine_ = StartEngine(session_.paths, error);
     if (engine_.pid < 0) {
@@ -214,8 +213,11 @@ bool RunSimController::PrepareRun() {
 
 bool RunSimController::Wait(int milliseconds) {
     if (!Running()) return false;
-    counter_ += 10;
-    fields_["ProgressBar1"].value = std::min(counter_, 100);
+    // Ten steps a second, as far as the bar goes: the engine tells nothing
+    // of its progress until it ends.
+    const double elapsed =
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - started_).count();
+    fields_["ProgressBar1"].value = std::min(static_cast<int>(elapsed * 10), 100);
     fields_["runstatus"].text = "Run Status Indicator...  Time=" + services_.clock();
     const bool running = IsEngineRunning(engine_, milliseconds);
     const double seconds =

@@ -66,8 +66,8 @@ class RunSimController {
     // after telling the user why not.
     bool ReviewResults();
 
-    // The skipped-month marking colour.
-    static constexpr Color kMarked = 0x80FFFF;
+    // The skipped-month marking colour, a background.
+    static constexpr Color kMarked = 0xFFFF80;  // light yellow
 
   private:
     bool PrepareRun();
@@ -81,12 +81,14 @@ class RunSimController {
     RunState run_;
     EngineProcess engine_;
     std::chrono::steady_clock::time_point started_;
-    int counter_ = 0;
     // What "Execute Run" changed, for Cancel and the time limit.
     std::optional<ProjectModel> before_;
     std::optional<RunState> runBefore_;
     std::optional<std::string> previousResults_;
 };
+
+// How long the desktop lets the engine run before stopping it.
+inline constexpr double kEngineTimeLimitSeconds = 3600;
 
 // The results file's name in the program folder.
 inline constexpr const char* kResultsFile = "\\temp\\ecalc$.out";
