@@ -148,6 +148,7 @@ ReportRead<ComponentLoads> ReadComponentLoads(std::string_view report, LoadView 
         return r;
     }
 
+    t.tableTotal = Trim(rowLoad[14]);
     // Rows 9 to 11 are merged into row 8; row 12 then stands as the ninth.
     double merged = NumVal(rowLoad[8]);
     for (int row = 9; row <= 11; ++row) merged += NumVal(rowLoad[row]);

@@ -26,6 +26,7 @@ struct ComponentLoads {
     std::array<std::string, 9> valueText;  // as the report prints them
     std::array<std::string, 9> label;      // the report's row titles
     std::string total;                     // first field of the totals line
+    std::string tableTotal;                // the table's own total row, this view's column
     std::string peakDateText;              // second field, the peak views only
     std::string perArea;                   // first field of the per-area line
     double scale = 0.1;

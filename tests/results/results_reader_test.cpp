@@ -1,6 +1,7 @@
 // The readers on results files written by a real run: the sample office run
 // by the run screen through the engine, then read back.
 #include "results/results_reader.h"
+#include "results/run_summary.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -84,6 +85,7 @@ TEST(ResultsReader, ComponentTableMergesTheAirRows) {
     for (double v : c.value) sum += v;
     EXPECT_NEAR(sum, NumVal(c.total), 0.01 * std::abs(NumVal(c.total)) + 0.01);
     EXPECT_TRUE(c.peakDateText.empty());
+    EXPECT_EQ(c.tableTotal, c.total);  // annual views: the totals line repeats the table's
 
     const auto peak = ReadComponentLoads(report, LoadView::PeakHeating);
     ASSERT_TRUE(peak) << peak.error;
@@ -168,6 +170,24 @@ TEST(ResultsReader, CostColumnsWhenTheReportHasThem) {
     EXPECT_DOUBLE_EQ(*costs.table->total[11], 430);
     EXPECT_DOUBLE_EQ(*costs.table->total[12], 850);  // the year, one above the last month
     EXPECT_DOUBLE_EQ(costs.table->scale, 500);
+}
+
+}  // namespace
+}  // namespace solvane
+
+namespace solvane {
+namespace {
+
+TEST(RunSummaryRead, GathersWhatTheReportHoldsAndNamesWhatItLacks) {
+    const auto r = ReadRunSummary(OfficeYear());
+    ASSERT_TRUE(r) << r.error;
+    EXPECT_TRUE(r.table->peakHeating && r.table->annualCooling);
+    EXPECT_FALSE(r.table->costs);
+    ASSERT_EQ(r.table->notAvailable.size(), 1u);
+    EXPECT_NE(r.table->notAvailable[0].find("utility costs"), std::string::npos);
+    // Without the energy summary there is no summary at all.
+    const std::string& report = OfficeYear();
+    EXPECT_FALSE(ReadRunSummary(report.substr(0, report.find("III."))));
 }
 
 }  // namespace
