@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -76,6 +77,8 @@ ResultChartScreen::ResultChartScreen(ResultViewController& controller,
     layout->addWidget(viewButtons_);
 
     auto* buttons = new QHBoxLayout;
+    connect(AddButton(buttons, "Label5", "Energy Use Benchmark..."), &QPushButton::clicked, this,
+            [this] { ShowBenchmark(); });
     connect(AddButton(buttons, "viewoutput", "View Output..."), &QPushButton::clicked, chooser_,
             &QDialog::open);
     connect(AddButton(buttons, "export", "Save Chart..."), &QPushButton::clicked, this, [this] {
@@ -91,9 +94,36 @@ ResultChartScreen::ResultChartScreen(ResultViewController& controller,
     layout->addLayout(buttons);
 }
 
+void ResultChartScreen::ShowBenchmark() {
+    ScreenFields fields;
+    if (!controller_.Benchmark(fields)) return;
+    QDialog eui(this);
+    eui.setObjectName("EUI");
+    eui.setWindowTitle(QString::fromStdString(fields.caption));
+    auto* layout = new QVBoxLayout(&eui);
+    auto* site = new QLabel;
+    site->setObjectName("Label4");
+    layout->addWidget(site);
+    auto* text = new QPlainTextEdit(QString::fromStdString(fields.Text("Text1")));
+    text->setObjectName("Text1");
+    text->setReadOnly(true);
+    text->setMinimumSize(560, 260);
+    layout->addWidget(text);
+    auto* zone = new QLabel;
+    zone->setObjectName("Label3");
+    layout->addWidget(zone);
+    auto* close = new QPushButton("Close");
+    layout->addWidget(close);
+    connect(close, &QPushButton::clicked, &eui, &QDialog::accept);
+    ApplyFields(&eui, fields);
+    eui.exec();
+}
+
 bool ResultChartScreen::Open(ChartKind kind) {
     setObjectName(kScreenNames[static_cast<int>(kind)]);
     viewButtons_->setCurrentIndex(static_cast<int>(kind));
+    if (auto* benchmark = findChild<QWidget*>("Label5"))
+        benchmark->setVisible(kind == ChartKind::Source);
     ImageCanvas canvas(kCanvasWidth, kCanvasHeight);
     if (!controller_.Show(kind, canvas)) {
         hide();

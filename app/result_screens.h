@@ -35,6 +35,7 @@ class ResultChartScreen : public QDialog {
   private:
     bool Redraw(int view);
     void ShowFields();
+    void ShowBenchmark();
 
     ResultViewController& controller_;
     std::function<void(const Navigation&)> navigate_;

@@ -26,6 +26,10 @@ class ResultViewController {
     // Another view of the current screen: a LoadView on `peak`, 0 energy or
     // 1 costs on `monthly`.
     bool ShowView(int view, Canvas& canvas);
+    // The benchmark screen `EUI` opened from the energy breakdown: fills
+    // Text1, Label3 and Label4 of `benchmark`. False, after telling the user,
+    // when the survey figures of the building type or the EUIs are missing.
+    bool Benchmark(ScreenFields& benchmark);
     // Leaving a chart screen for the hub: unsaved results are offered for
     // saving first.
     Navigation Leave();

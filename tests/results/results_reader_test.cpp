@@ -1,7 +1,9 @@
 // The readers on results files written by a real run: the sample office run
 // by the run screen through the engine, then read back.
 #include "results/results_reader.h"
+#include "results/result_view.h"
 #include "results/run_summary.h"
+#include "ui/raster_canvas.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -188,6 +190,58 @@ TEST(RunSummaryRead, GathersWhatTheReportHoldsAndNamesWhatItLacks) {
     // Without the energy summary there is no summary at all.
     const std::string& report = OfficeYear();
     EXPECT_FALSE(ReadRunSummary(report.substr(0, report.find("III."))));
+}
+
+}  // namespace
+}  // namespace solvane
+
+namespace solvane {
+namespace {
+
+class ResultViewTest : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        root_ = test::MakeSampleProgram("resultview");
+        session_.paths = ProgramPaths(root_);
+    }
+    void TearDown() override { fs::remove_all(root_); }
+    fs::path root_;
+    Session session_;
+    ScriptedPrompt prompt_;
+};
+
+TEST_F(ResultViewTest, MissingResultsLeaveTheChartEmptyAndSay) {
+    ResultViewController c(session_, prompt_);
+    RasterCanvas canvas(96, 72);
+    canvas.FillBox(0, 0, 95, 71, 0x123456);
+    EXPECT_FALSE(c.Show(ChartKind::Peak, canvas));
+    EXPECT_EQ(prompt_.asked.back().title, "Results not available");
+    EXPECT_EQ(canvas.ColorAt(10, 10), 0xFFFFFFu);
+    // Leaving unsaved results asks; "Yes" goes to saving them.
+    prompt_.Queue(Answer::Yes);
+    EXPECT_EQ(c.Leave().show, Screen::SaveOutForm);
+    session_.model.flags.OutputFileSaved = 1;
+    EXPECT_EQ(c.Leave().show, Screen::MainMenu);
+    EXPECT_EQ(prompt_.asked.back().title, "Save Output");  // not asked again
+}
+
+TEST_F(ResultViewTest, ChartsAndBenchmarkFromARealReport) {
+    WriteFileAtomic(root_ / "temp" / "ecalc$.out", OfficeYear());
+    ResultViewController c(session_, prompt_);
+    RasterCanvas canvas(960, 720);
+    ASSERT_TRUE(c.Show(ChartKind::Source, canvas));
+    EXPECT_FALSE(c.fields.Text("Label3_3").empty());
+    ASSERT_TRUE(c.Show(ChartKind::Monthly, canvas));
+    EXPECT_FALSE(c.ShowView(1, canvas));  // no utility costs in the report
+    ScreenFields eui;
+    EXPECT_FALSE(c.Benchmark(eui));  // no building type chosen
+    session_.model.session.BuildingType = 25;
+    session_.model.btypes.BTypeName[25] = "Office";
+    session_.model.btypes.BTypeEUILow[25] = 1000;
+    session_.model.btypes.BTypeEUIHigh[25] = 2000;
+    ASSERT_TRUE(c.Benchmark(eui));
+    EXPECT_NE(eui.Text("Text1").find("Congratulations!"), std::string::npos);
+    EXPECT_EQ(eui.Text("Label4").substr(0, 22), "Your Site Line EUI is ");
 }
 
 }  // namespace
