@@ -166,6 +166,7 @@ TEST_F(RunResultsTest, CancelEndsAHungEngineAndTheProjectStaysAsItWas) {
 }  // namespace solvane
 
 int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
