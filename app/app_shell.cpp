@@ -1,5 +1,6 @@
 #include "app/app_shell.h"
 
+#include <QAction>
 #include <QDir>
 #include <QTime>
 #include <filesystem>
@@ -93,6 +94,20 @@ void AppShell::MakeScreens() {
     results_ = std::make_unique<ResultChartScreen>(*resultViewController_, navigate, hub);
     runSim_ = std::make_unique<RunSimScreen>(
         *runSimController_, navigate, [this] { results_->Open(ChartKind::Source); }, hub);
+    // The hub's Graphs menu opens the chart screens on the results file.
+    const std::pair<ChartKind, int> graphs[] = {
+        {ChartKind::Peak, static_cast<int>(LoadView::PeakHeating)},
+        {ChartKind::Peak, static_cast<int>(LoadView::PeakCooling)},
+        {ChartKind::Peak, static_cast<int>(LoadView::AnnualHeating)},
+        {ChartKind::Peak, static_cast<int>(LoadView::AnnualCooling)},
+        {ChartKind::Monthly, 0},
+        {ChartKind::Monthly, 1},
+        {ChartKind::Source, 0}};
+    for (int i = 0; i < 7; ++i) {
+        if (auto* action = hub->findChild<QAction*>(QString("graph_%1").arg(i + 1)))
+            connect(action, &QAction::triggered, results_.get(),
+                    [this, g = graphs[i]] { results_->Open(g.first, g.second); });
+    }
     session_.availableScreens.insert({Screen::OldFileForm, Screen::SampleFileForm,
                                       Screen::SaveInputForm, Screen::Weather, Screen::ProjectInfo,
                                       Screen::Economics, Screen::Catalog, Screen::Hvac,

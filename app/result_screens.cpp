@@ -119,13 +119,13 @@ void ResultChartScreen::ShowBenchmark() {
     eui.exec();
 }
 
-bool ResultChartScreen::Open(ChartKind kind) {
+bool ResultChartScreen::Open(ChartKind kind, int view) {
     setObjectName(kScreenNames[static_cast<int>(kind)]);
     viewButtons_->setCurrentIndex(static_cast<int>(kind));
     if (auto* benchmark = findChild<QWidget*>("Label5"))
         benchmark->setVisible(kind == ChartKind::Source);
     ImageCanvas canvas(kCanvasWidth, kCanvasHeight);
-    if (!controller_.Show(kind, canvas)) {
+    if (!controller_.Show(kind, canvas) || (view != 0 && !controller_.ShowView(view, canvas))) {
         hide();
         navigate_({Screen::MainMenu, false, false});
         return false;

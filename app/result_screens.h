@@ -24,8 +24,9 @@ class ResultChartScreen : public QDialog {
   public:
     ResultChartScreen(ResultViewController& controller,
                       std::function<void(const Navigation&)> navigate, QWidget* parent);
-    // Shows `kind`; false (and nothing shown) when the results lack it.
-    bool Open(ChartKind kind);
+    // Shows `kind` in `view` (see ResultViewController::ShowView); false, and
+    // nothing shown, when the results lack it.
+    bool Open(ChartKind kind, int view = 0);
     // Writes the chart on show to `file` (.png, .pdf).
     bool Export(const QString& file);
 

@@ -283,6 +283,7 @@ bool RunSimController::ReviewResults() {
     m.flags.InputFileSaved = 0;
     m.flags.PendingAfterSave = 0;
     m.session.PreviousInputFileName = m.session.InputFileName;
+    session_.mainmenu["viewmenu"].enabled = true;
 
     if (const auto monitor = ReadTextFile(session_.paths.Resolve("\\temp\\Monitor.txt"))) {
         const auto lines = SplitLines(*monitor);

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
@@ -130,6 +131,17 @@ TEST_F(RunResultsTest, RunASampleSeeProgressAndTheEnergyBreakdown) {
     ASSERT_TRUE(shell_->results()->Export(QString::fromStdString((root_ / "peak.png").string())));
     EXPECT_GT(fs::file_size(root_ / "peak.pdf"), 1000u);
     EXPECT_GT(fs::file_size(root_ / "peak.png"), 1000u);
+
+    // The hub's Graphs menu reaches the same charts once results exist.
+    EXPECT_TRUE(shell_->session().mainmenu.Enabled("viewmenu"));
+    source->hide();
+    auto* monthly = shell_->mainmenu()->findChild<QAction*>("graph_5");
+    ASSERT_NE(monthly, nullptr);
+    monthly->trigger();
+    EXPECT_TRUE(source->isVisible());
+    EXPECT_EQ(source->objectName(), "monthly");
+    EXPECT_NE(source->windowTitle().indexOf("Monthly Heating and Cooling Energy"), -1);
+    Snapshot(source, "monthly");
 
     // Leaving unsaved results asks first; "No" returns to the hub.
     prompt_.Queue(Answer::No);
