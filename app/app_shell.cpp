@@ -1,9 +1,12 @@
 #include "app/app_shell.h"
 
+#include <QAction>
 #include <QDir>
 #include <QLabel>
 #include <QStandardPaths>
+#include <QTime>
 #include <filesystem>
+#include <random>
 
 #include "app/catalogs.h"
 #include "app/drawform.h"
@@ -12,6 +15,8 @@
 #include "app/mainform.h"
 #include "app/mainmenu.h"
 #include "app/projectinfo.h"
+#include "app/result_screens.h"
+#include "app/runsim.h"
 #include "app/warning.h"
 #include "app/weather.h"
 #include "app/zoneform.h"
@@ -66,6 +71,14 @@ void AppShell::MakeControllers() {
     demandController_ = std::make_unique<DemandChargeController>(s, prompt_);
     catalogController_ = std::make_unique<CatalogController>(s, prompt_);
     hvacController_ = std::make_unique<HvacController>(s, prompt_);
+    RunSimServices run;
+    run.random = [engine = std::make_shared<std::mt19937_64>(std::random_device{}())] {
+        return std::uniform_real_distribution<double>(0.0, 1.0)(*engine);
+    };
+    run.clock = [] { return QTime::currentTime().toString("hh:mm:ss").toStdString(); };
+    run.timeLimitSeconds = kEngineTimeLimitSeconds;
+    runSimController_ = std::make_unique<RunSimController>(s, prompt_, run);
+    resultViewController_ = std::make_unique<ResultViewController>(s, prompt_);
 }
 
 void AppShell::MakeScreens() {
@@ -98,10 +111,29 @@ void AppShell::MakeScreens() {
             return std::make_unique<DrawFormController>(session_, canvas, prompt_);
         },
         navigate);
-    session_.availableScreens.insert({Screen::OldFileForm, Screen::SampleFileForm,
-                                      Screen::SaveInputForm, Screen::Weather, Screen::ProjectInfo,
-                                      Screen::Economics, Screen::Catalog, Screen::Hvac,
-                                      Screen::ZoneForm, Screen::DrawForm});
+    runOptions_ = std::make_unique<RunOptionsScreen>(
+        [this](int runType) { Navigate(mainmenuController_->RunEnergy(runType)); }, hub);
+    results_ = std::make_unique<ResultChartScreen>(*resultViewController_, navigate, hub);
+    runSim_ = std::make_unique<RunSimScreen>(
+        *runSimController_, navigate, [this] { results_->Open(ChartKind::Source); }, hub);
+    // The hub's Graphs menu opens the chart screens on the results file.
+    const std::pair<ChartKind, int> graphs[] = {
+        {ChartKind::Peak, static_cast<int>(LoadView::PeakHeating)},
+        {ChartKind::Peak, static_cast<int>(LoadView::PeakCooling)},
+        {ChartKind::Peak, static_cast<int>(LoadView::AnnualHeating)},
+        {ChartKind::Peak, static_cast<int>(LoadView::AnnualCooling)},
+        {ChartKind::Monthly, 0},
+        {ChartKind::Monthly, 1},
+        {ChartKind::Source, 0}};
+    for (int i = 0; i < 7; ++i) {
+        if (auto* action = hub->findChild<QAction*>(QString("graph_%1").arg(i + 1)))
+            connect(action, &QAction::triggered, results_.get(),
+                    [this, g = graphs[i]] { results_->Open(g.first, g.second); });
+    }
+    session_.availableScreens.insert(
+        {Screen::OldFileForm, Screen::SampleFileForm, Screen::SaveInputForm, Screen::Weather,
+         Screen::ProjectInfo, Screen::Economics, Screen::Catalog, Screen::Hvac, Screen::ZoneForm,
+         Screen::DrawForm, Screen::RunOptions, Screen::RunSim});
 }
 
 void AppShell::Start(const StartupEnvironment& env) {
@@ -185,6 +217,12 @@ void AppShell::Navigate(const Navigation& nav) {
             break;
         case Screen::DrawForm:
             drawForm_->Open();
+            break;
+        case Screen::RunOptions:
+            runOptions_->open();
+            break;
+        case Screen::RunSim:
+            runSim_->Open();
             break;
         case Screen::Warning:
             warning_->Refresh();

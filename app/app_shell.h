@@ -14,6 +14,8 @@
 #include "projectfile/file_dialogs.h"
 #include "propertydb/catalog_screen.h"
 #include "propertydb/hvac_catalog.h"
+#include "results/result_view.h"
+#include "run/run_sim.h"
 #include "weather/climate_database.h"
 #include "weather/weather_screen.h"
 
@@ -36,6 +38,9 @@ class DrawFormScreen;
 // The user's projects folder, Documents/SOLVANE; the dialogs make it when
 // they first start in it.
 std::string ProjectsFolder();
+class RunOptionsScreen;
+class RunSimScreen;
+class ResultChartScreen;
 
 class AppShell : public QObject {
     Q_OBJECT
@@ -63,6 +68,8 @@ class AppShell : public QObject {
     HvacScreen* hvac() { return hvac_.get(); }
     ZoneScreens* zones() { return zones_.get(); }
     DrawFormScreen* drawForm() { return drawForm_.get(); }
+    RunSimScreen* runSim() { return runSim_.get(); }
+    ResultChartScreen* results() { return results_.get(); }
     bool ended() const { return ended_; }
 
   signals:
@@ -94,6 +101,8 @@ class AppShell : public QObject {
     std::unique_ptr<DemandChargeController> demandController_;
     std::unique_ptr<CatalogController> catalogController_;
     std::unique_ptr<HvacController> hvacController_;
+    std::unique_ptr<RunSimController> runSimController_;
+    std::unique_ptr<ResultViewController> resultViewController_;
 
     std::unique_ptr<MainFormScreen> mainform_;
     std::unique_ptr<MainMenuScreen> mainmenu_;
@@ -108,6 +117,9 @@ class AppShell : public QObject {
     std::unique_ptr<HvacScreen> hvac_;
     std::unique_ptr<ZoneScreens> zones_;
     std::unique_ptr<DrawFormScreen> drawForm_;
+    std::unique_ptr<RunOptionsScreen> runOptions_;
+    std::unique_ptr<RunSimScreen> runSim_;
+    std::unique_ptr<ResultChartScreen> results_;
     bool ended_ = false;
     std::string lastFolder_;
 };

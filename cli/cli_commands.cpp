@@ -5,13 +5,13 @@
 #include <random>
 
 #include "cli/program_services.h"
+#include "cli/run_summary_output.h"
 #include "core/numeric_helpers.h"
 #include "core/program_paths.h"
 #include "core/startup.h"
 #include "core/text_file.h"
 #include "projectfile/file_dialogs.h"
-#include "run/engine_contract.h"
-#include "run/engine_process.h"
+#include "run/run_sim.h"
 #include "ui/scripted_prompt.h"
 
 namespace solvane::cli {
@@ -27,6 +27,21 @@ bool ParseOptions(const std::vector<std::string>& args, Options& options, std::s
             options.passive = true;
         } else if (a == "--repeat-weather") {
             options.repeatWeather = true;
+        } else if (a == "--json") {
+            options.json = true;
+        } else if (a == "--recorded" || a == "--seed") {
+            if (i + 1 >= args.size()) {
+                error = a + " needs a value";
+                return false;
+            }
+            (a == "--seed" ? options.seed : options.recorded) = args[++i];
+        } else if (a == "--period") {
+            if (i + 2 >= args.size()) {
+                error = "--period needs a first and a last day, e.g. --period 1-Jan 31-Dec";
+                return false;
+            }
+            options.periodBegin = args[++i];
+            options.periodEnd = args[++i];
         } else if (a == "--home") {
             if (i + 1 >= args.size()) {
                 error = "--home needs a folder";
@@ -67,14 +82,18 @@ void PrintHelp(std::ostream& out) {
            "Commands:\n"
            "  check            start the program on its folder and print what the start-up\n"
            "                   screen shows (the climate count line and the code banner)\n"
-           "  run PROJECT.inp  open a project, simulate its year with the engine and print\n"
-           "                   the engine's record and report\n"
+           "  run PROJECT.inp  open a project, simulate it with the engine and print the\n"
+           "                   run's summary: EUIs, energy by end use, loads, costs\n"
            "\n"
            "Options:\n"
            "  --home DIR       the program folder (else SOLVANE_HOME, else beside the program)\n"
            "  --passive        run: comfort analysis with no HVAC\n"
            "  --repeat-weather run: use the fixed simulated weather sequence\n"
            "  --time-limit S   run: stop the engine after S seconds (default 3600)\n"
+           "  --seed VALUE     run: the simulated weather's seed, 0 <= VALUE < 1\n"
+           "  --period A B     run: first and last day, e.g. --period 1-Jan 31-Dec\n"
+           "  --recorded FILE  run: a recorded weather year (EPW) instead of simulated weather\n"
+           "  --json           run: print the summary as JSON (docs/cli-run-json.md)\n"
            "  --help           show this text\n"
            "  --version        show the version\n";
 }
@@ -131,6 +150,15 @@ int RunProject(const Options& options, const std::string& executable, std::ostre
         err << "solvane-cli: run needs a project file\n";
         return 2;
     }
+    double seed = -1;
+    if (!options.seed.empty()) {
+        seed = NumVal(options.seed);
+        if (seed < 0 || seed >= 1 ||
+            options.seed.find_first_not_of(" .0123456789") != std::string::npos) {
+            err << "solvane-cli: --seed needs a number from 0 up to but not including 1\n";
+            return 2;
+        }
+    }
     Session session;
     ScriptedPrompt prompt;
     ClimateIndex climate;
@@ -147,72 +175,84 @@ int RunProject(const Options& options, const std::string& executable, std::ostre
         return 2;
     }
     ProjectModel& m = session.model;
-    out << "Project: " << m.ProjectData[kProjName] << " -- " << m.ProjectData[kLocation] << "\n";
+    m.flags.PendingAfterSave = options.passive ? 4 : 3;
 
-    RunSettings run;
-    run.RunType = options.passive ? 4 : 3;
-    run.WeatherYear = NumVal(m.ProjectData[kConYear]) > 0 ? m.ProjectData[kConYear]
-                                                          : std::to_string(Today().year);
-    run.ComfortLower = m.session.Units == 2 ? "20" : "68";
-    run.ComfortUpper = m.session.Units == 2 ? "27" : "79";
+    RunSimServices services;
     std::mt19937_64 engineSeed{std::random_device{}()};
     std::uniform_real_distribution<double> uniform(0.0, 1.0);
-    const auto control = ControlFileText(run, m.session.CodeNum);
-    const auto controlPath = session.paths.Resolve("\\temp\\ecalc$.tmp");
-    std::string why;
-    if (!control ||
-        !WriteEngineInput(session, prompt, options.repeatWeather,
-                          [&] { return uniform(engineSeed); }) ||
-        !WriteFileAtomic(controlPath, *control, &why)) {
-        PrintPrompts(prompt, startupPrompts, err);
-        if (!why.empty()) err << "solvane-cli: " << WriteFailureText(controlPath, why) << "\n";
-        err << "solvane-cli: the engine's input could not be written\n";
-        return 2;
+    services.random = [&] { return seed >= 0 ? seed : uniform(engineSeed); };
+    services.clock = [] {
+        const std::time_t now = std::time(nullptr);
+        char buf[16];
+        std::strftime(buf, sizeof buf, "%H:%M:%S", std::localtime(&now));
+        return std::string(buf);
+    };
+    services.timeLimitSeconds = options.timeLimit;
+    RunSimController run(session, prompt, services);
+    run.OpenRun();
+    ScreenFields& f = run.fields();
+    if (NumVal(f.At("Text1", 2).text) <= 0) f.At("Text1", 2).text = std::to_string(Today().year);
+    if (!options.periodBegin.empty()) {
+        f.At("Text1", 0).text = options.periodBegin;
+        f.At("Text1", 1).text = options.periodEnd;
     }
-    m.flags.RunResultCode = static_cast<std::int16_t>(run.RunType);
-
-    // What an earlier run left must not pass for this one's.
-    DeleteComfortFiles(session.paths);
-    DeleteEngineOutputs(session.paths);
-    std::string error;
-    const auto started = std::chrono::steady_clock::now();
-    EngineProcess engine = StartEngine(session.paths, error);
-    if (engine.pid < 0) {
-        err << "solvane-cli: " << error << "\n";
-        return 2;
-    }
-    const auto limit = std::chrono::duration<double>(options.timeLimit);
-    bool timedOut = false;
-    while (IsEngineRunning(engine, 1000)) {
-        if (std::chrono::steady_clock::now() - started >= limit) {
-            timedOut = true;
-            StopEngine(engine, 5000);
+    f["weatherseq"].value = options.repeatWeather ? 1 : 0;
+    if (!options.recorded.empty()) {
+        const std::filesystem::path file = options.recorded;
+        std::string ext = file.extension().string();
+        for (char& c : ext) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        if (ext != ".epw") {
+            err << "solvane-cli: --recorded takes an EPW weather file (.epw)\n";
+            return 2;
         }
+        std::filesystem::copy_file(file, session.paths.Resolve("\\temp\\ecalc$.tmy"),
+                                   std::filesystem::copy_options::overwrite_existing, ec);
+        if (ec) {
+            err << "solvane-cli: " << file.string() << " cannot be read: " << ec.message() << "\n";
+            return 2;
+        }
+        m.climate.RecordedWeatherSelected = 1;
+        run.run().RecordedWeatherType = 1;  // EPW
+        f.At("weather", 0).value = 0;
+        f.At("weather", 1).value = 1;
+    }
+
+    const auto started = std::chrono::steady_clock::now();
+    if (!run.ExecuteRun()) {
+        PrintPrompts(prompt, startupPrompts, err);
+        err << "solvane-cli: the run did not start\n";
+        return 2;
+    }
+    while (run.Wait(1000)) {
     }
     const double seconds =
         std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
-
-    // A failed run shows only its record, which says why.
-    const bool completed = engine.exitStatus == 0;
-    for (const char* name : {"\\temp\\Monitor.txt", "\\temp\\sim$.out"}) {
-        if (!completed && std::string_view(name).ends_with("sim$.out")) continue;
-        if (const auto text = ReadTextFile(session.paths.Resolve(name))) {
-            for (const auto& line : SplitLines(*text)) out << line << "\n";
-        }
+    // A run stopped at the time limit or refused by the engine shows only the
+    // engine's record, never an earlier run's report.
+    if (m.flags.RunDone != 1 || !run.EngineCompleted()) {
+        PrintPrompts(prompt, startupPrompts, err);
+        err << "solvane-cli: simulation not completed\n";
+        return 1;
     }
-    if (completed) {
-        out << "Simulation completed in " << FormatField(NumText(seconds), "####.##") << " Sec.\n";
-        return 0;
+    if (!run.ReviewResults()) {
+        PrintPrompts(prompt, startupPrompts, err);
+        return 1;
     }
-    if (timedOut)
-        err << "solvane-cli: the engine was stopped at the time limit of "
-            << NumText(options.timeLimit) << " s\n";
-    else if (engine.exitStatus < 0)
-        err << "solvane-cli: the engine was ended by a signal\n";
+    const auto report = ReadTextFile(session.paths.Resolve(kResultsFile)).value_or("");
+    const auto summary = ReadRunSummary(report);
+    if (!summary) {
+        for (const char* name : {"\\temp\\Monitor.txt"})
+            if (const auto text = ReadTextFile(session.paths.Resolve(name)))
+                for (const auto& line : SplitLines(*text)) err << line << "\n";
+        err << "solvane-cli: " << summary.error << "\n";
+        return 1;
+    }
+    SummaryContext context{m, run.run(), project, seconds};
+    if (options.json)
+        PrintSummaryJson(*summary.table, context, out);
     else
-        err << "solvane-cli: the engine ended with status " << engine.exitStatus << "\n";
-    err << "solvane-cli: simulation not completed\n";
-    return 1;
+        PrintSummaryText(*summary.table, context, out);
+    return 0;
 }
 
 }  // namespace solvane::cli

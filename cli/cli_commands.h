@@ -13,9 +13,13 @@ struct Options {
     std::vector<std::string> arguments;
     bool help = false;
     bool version = false;
-    bool passive = false;        // --passive: comfort analysis without HVAC
-    bool repeatWeather = false;  // --repeat-weather: the fixed weather sequence
-    double timeLimit = 3600;     // --time-limit SECONDS: the engine is stopped after it
+    bool passive = false;                // --passive: comfort analysis without HVAC
+    bool repeatWeather = false;          // --repeat-weather: the fixed weather sequence
+    bool json = false;                   // --json: the run summary as JSON
+    std::string recorded;                // --recorded FILE: a recorded weather year (EPW)
+    std::string periodBegin, periodEnd;  // --period 1-Jan 31-Dec
+    std::string seed;                    // --seed VALUE: the weather seed, 0 <= VALUE < 1
+    double timeLimit = 3600;             // --time-limit SECONDS: the engine is stopped after it
 };
 
 // Parses the arguments; on a mistake returns false with the reason in `error`.
@@ -29,8 +33,10 @@ void PrintHelp(std::ostream& out);
 int RunCheck(const Options& options, const std::string& executable, std::ostream& out,
              std::ostream& err);
 
-// Opens a project, runs the engine on it in the program folder's temp, and
-// prints the engine's record and report. Returns the process exit code.
+// Opens a project and does what "Execute Run" does in the program folder's
+// temp, then prints the run's summary as text or JSON (docs/cli-run-json.md).
+// Returns the process exit code: 0 done, 1 the engine or the results failed,
+// 2 bad input.
 int RunProject(const Options& options, const std::string& executable, std::ostream& out,
                std::ostream& err);
 

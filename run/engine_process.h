@@ -33,7 +33,7 @@ bool IsEngineRunning(EngineProcess& engine, int milliseconds);
 // Asks the engine to stop (SIGTERM), waits up to `graceMilliseconds` for it
 // to leave its record, then ends it outright (SIGKILL). Returns once it is
 // gone.
-void StopEngine(EngineProcess& engine, int graceMilliseconds);
+void StopEngine(EngineProcess& engine, int graceMilliseconds = 2000);
 
 // Deletes \temp\*.flt before a run; failures are ignored.
 void DeleteComfortFiles(const ProgramPaths& paths);

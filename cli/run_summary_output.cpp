@@ -1,0 +1,151 @@
+#include "cli/run_summary_output.h"
+
+#include <cmath>
+#include <cstdio>
+
+#include "core/numeric_helpers.h"
+
+namespace solvane::cli {
+
+namespace {
+
+struct Units {
+    const char* energy;
+    const char* power;
+    const char* eui;
+};
+
+Units UnitsOf(const RunSummary& s) {
+    return s.energy.units.si() ? Units{"GJ", "kW", "MJ/m2"} : Units{"MBtu", "kBtuh", "kBtu/ft2"};
+}
+
+std::string Number(double v) {
+    if (!std::isfinite(v)) return "null";
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "%.6g", v);
+    return buf;
+}
+
+// A load table's total as a JSON number, null when the table is missing.
+std::string TotalOf(const std::optional<ComponentLoads>& t) {
+    return t ? Number(NumVal(t->tableTotal)) : "null";
+}
+
+const char* RunTypeName(int runType) {
+    return runType == 4 ? "passive" : "hvac";
+}
+
+}  // namespace
+
+std::string JsonString(const std::string& text) {
+    std::string out = "\"";
+    for (unsigned char c : text) {
+        switch (c) {
+            case '"':
+                out += "\\\"";
+                break;
+            case '\\':
+                out += "\\\\";
+                break;
+            case '\n':
+                out += "\\n";
+                break;
+            case '\r':
+                out += "\\r";
+                break;
+            case '\t':
+                out += "\\t";
+                break;
+            default:
+                if (c < 0x20) {
+                    char buf[8];
+                    std::snprintf(buf, sizeof buf, "\\u%04x", c);
+                    out += buf;
+                } else {
+                    out += static_cast<char>(c);
+                }
+        }
+    }
+    return out + "\"";
+}
+
+void PrintSummaryText(const RunSummary& s, const SummaryContext& c, std::ostream& out) {
+    const Units u = UnitsOf(s);
+    const ProjectModel& m = c.model;
+    out << "Project:  " << m.ProjectData[kProjName] << " -- " << m.ProjectData[kLocation] << "\n";
+    out << "Period:   " << c.run.RunDates[0] << " to " << c.run.RunDates[1] << " "
+        << c.run.WeatherYear << (m.flags.RunResultCode == 4 ? "  (comfort analysis, no HVAC)" : "")
+        << "\n\n";
+    out << "Site EUI    " << Number(s.energy.SiteEUI) << " " << u.eui << "\n";
+    out << "Source EUI  " << Number(s.energy.SourceEUI) << " " << u.eui << "\n\n";
+    out << "Site energy by end use (" << u.energy << "):\n";
+    double site = 0;
+    for (int i = 1; i <= 6; ++i) {
+        char line[64];
+        std::snprintf(line, sizeof line, "  %-10s %10.2f\n", s.energy.CategoryName[i].c_str(),
+                      s.energy.EnergyBreakdown[i]);
+        out << line;
+        site += s.energy.EnergyBreakdown[i];
+    }
+    char line[96];
+    std::snprintf(line, sizeof line, "  %-10s %10.2f\n\n", "TOTAL", site);
+    out << line;
+    if (s.peakHeating)
+        out << "Peak heating load  " << s.peakHeating->tableTotal << " " << u.power << " at "
+            << s.peakHeating->peakDateText << "\n";
+    if (s.peakCooling)
+        out << "Peak cooling load  " << s.peakCooling->tableTotal << " " << u.power << "\n";
+    if (s.annualHeating && s.annualCooling)
+        out << "Annual loads       heating " << s.annualHeating->tableTotal << ", cooling "
+            << s.annualCooling->tableTotal << " " << u.energy << "\n";
+    if (s.costs && s.costs->total[12])
+        out << "Annual cost        $ " << Number(*s.costs->total[12]) << "\n";
+    for (const auto& note : s.notAvailable) out << "Not available: " << note << "\n";
+    out << "Simulation completed in " << FormatField(NumText(c.seconds), "####.##") << " Sec.\n";
+}
+
+void PrintSummaryJson(const RunSummary& s, const SummaryContext& c, std::ostream& out) {
+    const Units u = UnitsOf(s);
+    const ProjectModel& m = c.model;
+    out << "{\n  \"schema\": \"solvane-run-summary/1\",\n";
+    out << "  \"project\": {\"name\": " << JsonString(m.ProjectData[kProjName])
+        << ", \"location\": " << JsonString(m.ProjectData[kLocation])
+        << ", \"file\": " << JsonString(c.projectFile) << "},\n";
+    out << "  \"units\": \"" << (s.energy.units.si() ? "SI" : "IP") << "\",\n";
+    out << "  \"run\": {\"type\": \"" << RunTypeName(m.flags.RunResultCode)
+        << "\", \"begin\": " << JsonString(c.run.RunDates[0])
+        << ", \"end\": " << JsonString(c.run.RunDates[1])
+        << ", \"year\": " << JsonString(c.run.WeatherYear)
+        << ", \"weatherSeed\": " << JsonString(m.session.WeatherSeed)
+        << ", \"seconds\": " << Number(c.seconds) << "},\n";
+    out << "  \"eui\": {\"unit\": \"" << u.eui << "\", \"site\": " << Number(s.energy.SiteEUI)
+        << ", \"source\": " << Number(s.energy.SourceEUI) << "},\n";
+    out << "  \"siteEnergy\": {\"unit\": \"" << u.energy << "\", \"byEndUse\": {";
+    double site = 0;
+    for (int i = 1; i <= 6; ++i) {
+        out << (i > 1 ? ", " : "") << JsonString(s.energy.CategoryName[i]) << ": "
+            << Number(s.energy.EnergyBreakdown[i]);
+        site += s.energy.EnergyBreakdown[i];
+    }
+    out << "}, \"total\": " << Number(site) << "},\n";
+    out << "  \"peakLoads\": {\"unit\": \"" << u.power
+        << "\", \"heating\": " << TotalOf(s.peakHeating) << ", \"heatingTime\": "
+        << (s.peakHeating ? JsonString(s.peakHeating->peakDateText) : "null")
+        << ", \"cooling\": " << TotalOf(s.peakCooling) << "},\n";
+    out << "  \"annualLoads\": {\"unit\": \"" << u.energy
+        << "\", \"heating\": " << TotalOf(s.annualHeating)
+        << ", \"cooling\": " << TotalOf(s.annualCooling) << "},\n";
+    out << "  \"annualCost\": ";
+    if (s.costs && s.costs->total[12])
+        out << "{\"gas\": " << Number(s.costs->gas[12].value_or(0))
+            << ", \"electric\": " << Number(s.costs->elec[12].value_or(0))
+            << ", \"total\": " << Number(*s.costs->total[12]) << "}";
+    else
+        out << "null";
+    out << ",\n  \"notAvailable\": [";
+    for (std::size_t i = 0; i < s.notAvailable.size(); ++i)
+        out << (i ? ", " : "") << JsonString(s.notAvailable[i]);
+    out << "]\n}\n";
+}
+
+}  // namespace solvane::cli
