@@ -244,6 +244,9 @@ SystemsResults SimulateSystems(const Building& b, const RunResults& run, const W
         annualMean += monthMean[m] / 12.0;
         lo = std::min(lo, monthMean[m]), hi = std::max(hi, monthMean[m]);
     }
+    std::array<double, 365> mains{};
+    for (int d = 0; d < 365; ++d)
+        mains[d] = MainsTemperature(annualMean, hi - lo, d, w.site.latitude);
     auto profile = [&](int index, int weekday, int hour) {
         return index < 0 || index >= static_cast<int>(b.profiles.size())
                    ? 1.0
@@ -421,8 +424,8 @@ SystemsResults SimulateSystems(const Building& b, const RunResults& run, const W
             if (s.hotWaterPerDay > 0 && dayMean > 0) {
                 const double v =
                     s.hotWaterPerDay * profile(s.hotWaterProfile, weekday, hour) / dayMean;
-                const double mains = MainsTemperature(annualMean, hi - lo, day, w.site.latitude);
-                const double q = v * kWaterRhoCp * std::max(kHotWaterSupply - mains, 0.0) / 3600.0;
+                const double q =
+                    v * kWaterRhoCp * std::max(kHotWaterSupply - mains[day], 0.0) / 3600.0;
                 o.hotWaterVolume += v;
                 // Gas storage heater 0.80 thermal efficiency (ASHRAE 90.1-2019
                 // Table 7.8); electric resistance 1.
