@@ -147,8 +147,9 @@ void NoteUnsimulatedZoneFields(const ProjectModel& m, int z, std::vector<std::st
         names.push_back("daylighting (Daylight, DL Depth, Target FC)");
     if (IsYes(m.zones.ZoneEconCycle[z])) names.push_back("economiser (Econ.Cycle)");
     const int hvac = static_cast<int>(NumVal(f[20]));
-    if (NumVal(f[20]) > 0 && (hvac < 1 || hvac > 15))
-        names.push_back("HVAC Type " + NumText(NumVal(f[20])) + " (no such system: loads only)");
+    if (hvac < 1 || hvac > 15)
+        names.push_back("HVAC Type " + NumText(NumVal(f[20])) +
+                        " (no such system: its cooling is counted unmet)");
     if (NumVal(f[12]) > 0 || NumVal(f[29]) > 0 || NumVal(f[30]) > 0)
         names.push_back("costs (Cost/sqft, 1st Cost, Maint Cost)");
     if (IsYes(m.zones.ZoneNatVent[z]) && NumVal(f[22]) <= 0)

@@ -373,11 +373,18 @@ TEST(ProjectFields, OutdoorAirFollowsTheFanProfile) {
 
 TEST(ProjectFields, FieldsNotSimulatedAreNamedWithTheirZone) {
     const ProjectRunInputs plain = Case600(3, [](ProjectModel& m, std::string&) {
-        m.zones.ZoneData[1][20] = "0";
-        m.zones.ZoneData[1][21] = "0";
         for (int s = 1; s <= 6; ++s) m.surfaces.SurfSWB[1][s] = "";
     });
     EXPECT_TRUE(plain.notes.empty());
+    // A system number outside the catalog is named: its cooling goes unmet.
+    const ProjectRunInputs none = Case600(3, [](ProjectModel& m, std::string&) {
+        m.zones.ZoneData[1][20] = "0";
+        for (int s = 1; s <= 6; ++s) m.surfaces.SurfSWB[1][s] = "";
+    });
+    ASSERT_EQ(none.notes.size(), 1u);
+    EXPECT_NE(none.notes[0].find("HVAC Type 0 (no such system"), std::string::npos)
+        << none.notes[0];
+    EXPECT_EQ(none.systems[0].cooling, CoolingPlant::None);
     const ProjectRunInputs in = Case600(3, [](ProjectModel& m, std::string&) {
         m.zones.ZoneData[1][5] = "3";
         m.zones.ZoneData[1][7] = "2";
