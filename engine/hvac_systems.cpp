@@ -357,6 +357,7 @@ SystemsResults SimulateSystems(const Building& b, const RunResults& run, const W
             // Heating.
             if (qh > 0 && s.heating != HeatingPlant::None && o.heatingCapacity > 0) {
                 const double cap = o.heatingCapacity;
+                double delivered = std::min(qh, cap);
                 switch (s.heating) {
                     case HeatingPlant::Furnace:
                     case HeatingPlant::Boiler: {
@@ -392,19 +393,16 @@ SystemsResults SimulateSystems(const Building& b, const RunResults& run, const W
                         }
                         // Electric resistance for the rest, up to the sized capacity.
                         elec[kUseHeating] += std::min(qh - byHp, cap);
+                        delivered = byHp + std::min(qh - byHp, cap);
                         plrH = std::min(qh / std::max(cap, hpCap), 1.0);
                         break;
                     }
                     case HeatingPlant::None:
                         break;
                 }
-                const double deliverable = s.heating == HeatingPlant::AirSourceHeatPump ||
-                                                   s.heating == HeatingPlant::WaterSourceHeatPump
-                                               ? std::max(cap, heatPumpRated)
-                                               : cap;
-                if (qh > deliverable * (1 + 1e-6)) {
+                if (qh > delivered * (1 + 1e-6)) {
                     ++o.unmetHeatingHours;
-                    o.unmetHeating += qh - deliverable;
+                    o.unmetHeating += qh - delivered;
                 }
             } else if (qh > 0) {
                 ++o.unmetHeatingHours;

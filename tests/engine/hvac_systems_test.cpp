@@ -132,6 +132,14 @@ TEST(HvacSystems, SizingLeavesHotterHoursUnmet) {
     d.run.zones[0].peakCooling = 8000;
     const SystemsResults q = d.Run(SystemOfType(2, 1, 23.08, 0.8, 4.1));
     EXPECT_EQ(q.zones[0].unmetCoolingHours, 0);
+    // Heating 40 % above the peak that sized it: a furnace leaves the excess
+    // over its 1.25 x peak unmet; a heat pump's resistance stage makes it up.
+    Case e(0, 14000, 0, 50);
+    const SystemsResults f = e.Run(SystemOfType(11, 1, 14.0, 0.8, 2.5));
+    EXPECT_EQ(f.zones[0].unmetHeatingHours, 364 * 24);
+    EXPECT_NEAR(f.zones[0].unmetHeating, (14000 - 12500) * kCounted, 1e-3 * kCounted);
+    const SystemsResults hp = e.Run(SystemOfType(9, 3, 14.0, 2.34, 2.5));
+    EXPECT_EQ(hp.zones[0].unmetHeatingHours, 0);
 }
 
 TEST(HvacSystems, PublishedConversionsAndPsychrometrics) {
