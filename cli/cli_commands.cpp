@@ -33,6 +33,18 @@ bool ParseOptions(const std::vector<std::string>& args, Options& options, std::s
                 return false;
             }
             options.home = args[++i];
+        } else if (a == "--time-limit" || a.rfind("--time-limit=", 0) == 0) {
+            std::string value;
+            if (a.size() > 12) {
+                value = a.substr(13);
+            } else if (i + 1 < args.size()) {
+                value = args[++i];
+            }
+            options.timeLimit = NumVal(value);
+            if (!IsNumericText(value) || !(options.timeLimit > 0)) {
+                error = "--time-limit needs a number of seconds above 0";
+                return false;
+            }
         } else if (a.rfind("--home=", 0) == 0) {
             options.home = a.substr(7);
         } else if (!a.empty() && a[0] == '-') {
@@ -62,6 +74,7 @@ void PrintHelp(std::ostream& out) {
            "  --home DIR       the program folder (else SOLVANE_HOME, else beside the program)\n"
            "  --passive        run: comfort analysis with no HVAC\n"
            "  --repeat-weather run: use the fixed simulated weather sequence\n"
+           "  --time-limit S   run: stop the engine after S seconds (default 3600)\n"
            "  --help           show this text\n"
            "  --version        show the version\n";
 }
@@ -145,17 +158,22 @@ int RunProject(const Options& options, const std::string& executable, std::ostre
     std::mt19937_64 engineSeed{std::random_device{}()};
     std::uniform_real_distribution<double> uniform(0.0, 1.0);
     const auto control = ControlFileText(run, m.session.CodeNum);
+    const auto controlPath = session.paths.Resolve("\\temp\\ecalc$.tmp");
+    std::string why;
     if (!control ||
         !WriteEngineInput(session, prompt, options.repeatWeather,
                           [&] { return uniform(engineSeed); }) ||
-        !WriteFileAtomic(session.paths.Resolve("\\temp\\ecalc$.tmp"), *control)) {
+        !WriteFileAtomic(controlPath, *control, &why)) {
         PrintPrompts(prompt, startupPrompts, err);
+        if (!why.empty()) err << "solvane-cli: " << WriteFailureText(controlPath, why) << "\n";
         err << "solvane-cli: the engine's input could not be written\n";
         return 2;
     }
     m.flags.RunResultCode = static_cast<std::int16_t>(run.RunType);
 
+    // What an earlier run left must not pass for this one's.
     DeleteComfortFiles(session.paths);
+    DeleteEngineOutputs(session.paths);
     std::string error;
     const auto started = std::chrono::steady_clock::now();
     EngineProcess engine = StartEngine(session.paths, error);
@@ -163,22 +181,38 @@ int RunProject(const Options& options, const std::string& executable, std::ostre
         err << "solvane-cli: " << error << "\n";
         return 2;
     }
+    const auto limit = std::chrono::duration<double>(options.timeLimit);
+    bool timedOut = false;
     while (IsEngineRunning(engine, 1000)) {
+        if (std::chrono::steady_clock::now() - started >= limit) {
+            timedOut = true;
+            StopEngine(engine, 5000);
+        }
     }
     const double seconds =
         std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
 
+    // A failed run shows only its record, which says why.
+    const bool completed = engine.exitStatus == 0;
     for (const char* name : {"\\temp\\Monitor.txt", "\\temp\\sim$.out"}) {
+        if (!completed && std::string_view(name).ends_with("sim$.out")) continue;
         if (const auto text = ReadTextFile(session.paths.Resolve(name))) {
             for (const auto& line : SplitLines(*text)) out << line << "\n";
         }
     }
-    out << "Simulation completed in " << FormatField(NumText(seconds), "####.##") << " Sec.\n";
-    if (engine.exitStatus != 0) {
-        err << "solvane-cli: the engine ended with status " << engine.exitStatus << "\n";
-        return 1;
+    if (completed) {
+        out << "Simulation completed in " << FormatField(NumText(seconds), "####.##") << " Sec.\n";
+        return 0;
     }
-    return 0;
+    if (timedOut)
+        err << "solvane-cli: the engine was stopped at the time limit of "
+            << NumText(options.timeLimit) << " s\n";
+    else if (engine.exitStatus < 0)
+        err << "solvane-cli: the engine was ended by a signal\n";
+    else
+        err << "solvane-cli: the engine ended with status " << engine.exitStatus << "\n";
+    err << "solvane-cli: simulation not completed\n";
+    return 1;
 }
 
 }  // namespace solvane::cli

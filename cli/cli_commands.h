@@ -15,6 +15,7 @@ struct Options {
     bool version = false;
     bool passive = false;        // --passive: comfort analysis without HVAC
     bool repeatWeather = false;  // --repeat-weather: the fixed weather sequence
+    double timeLimit = 3600;     // --time-limit SECONDS: the engine is stopped after it
 };
 
 // Parses the arguments; on a mistake returns false with the reason in `error`.

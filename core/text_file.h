@@ -16,7 +16,12 @@ std::optional<std::string> ReadTextFile(const std::filesystem::path& path);
 std::vector<std::string> SplitLines(std::string_view text);
 
 // Writes to a temporary file in the same folder and renames it into place, so
-// a failed write leaves the old file whole. Returns false on failure.
-bool WriteFileAtomic(const std::filesystem::path& path, std::string_view content);
+// a failed write leaves the old file whole. Returns false on failure, with
+// the system's reason ("No space left on device") in `reason` when given.
+bool WriteFileAtomic(const std::filesystem::path& path, std::string_view content,
+                     std::string* reason = nullptr);
+
+// "<path> could not be written: <reason>", the message of a failed write.
+std::string WriteFailureText(const std::filesystem::path& path, const std::string& reason);
 
 }  // namespace solvane

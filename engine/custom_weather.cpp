@@ -1,8 +1,11 @@
 #include "engine/custom_weather.h"
 
+#include <algorithm>
+
 #include "core/item_reader.h"
 #include "core/text_file.h"
 #include "engine/epw_reader.h"
+#include "engine/weather_limits.h"
 
 namespace solvane::engine {
 namespace {
@@ -25,19 +28,37 @@ WeatherYear ReadCustomWeather(std::string_view content, const std::string& fileN
                         "custom weather file holds fewer than 8760 hours");
     WeatherYear w;
     {
+        if (std::count(lines[1].begin(), lines[1].end(), ',') < 4)
+            throw ReadError(fileName, 2,
+                            "station line must give name, latitude, longitude, time zone and "
+                            "elevation");
         ItemReader in(lines[1], fileName);
         w.site.name = in.NextText();
-        w.site.latitude = in.NextNumber();
-        w.site.longitude = in.NextNumber();
-        w.site.timeZone = in.NextNumber();
-        w.site.elevation = in.NextNumber() * 0.3048;
+        w.site.latitude =
+            WeatherValue(in.NextText(), {"latitude", "degrees", -90, 90, false, 0}, fileName, 2);
+        w.site.longitude =
+            WeatherValue(in.NextText(), {"longitude", "degrees", -180, 180, false, 0}, fileName, 2);
+        w.site.timeZone =
+            WeatherValue(in.NextText(), {"time zone", "hours", -12, 14, false, 0}, fileName, 2);
+        w.site.elevation =
+            WeatherValue(in.NextText(), {"elevation", "ft", -3300, 32800, false, 0}, fileName, 2) *
+            0.3048;
     }
     const double pressure = StandardPressure(w.site.elevation);
     w.hours.reserve(kHoursPerYear);
     for (int i = 0; i < kHoursPerYear; ++i) {
         const int lineNo = i + 4;
-        ItemReader in(lines[3 + i], fileName);
-        const int month = in.NextInt(), day = in.NextInt(), hour = in.NextInt();
+        const std::string& record = lines[3 + i];
+        const auto fields = std::count(record.begin(), record.end(), ',') + 1;
+        if (fields < 11)
+            throw ReadError(fileName, lineNo,
+                            "record holds " + std::to_string(fields) + " of its 11 fields");
+        ItemReader in(record, fileName);
+        const auto whole = [&](const char* name, double hi) {
+            return static_cast<int>(
+                WeatherValue(in.NextText(), {name, "", 1, hi, false, 0}, fileName, lineNo));
+        };
+        const int month = whole("month", 12), day = whole("day", 31), hour = whole("hour", 24);
         const int expectDay = i / 24;
         const int expectMonth = MonthOfDay(expectDay) + 1;
         if (month != expectMonth || day != expectDay - kMonthStartDay[expectMonth - 1] + 1 ||
@@ -48,19 +69,19 @@ WeatherYear ReadCustomWeather(std::string_view content, const std::string& fileN
                                 std::to_string(expectDay - kMonthStartDay[expectMonth - 1] + 1) +
                                 ", hour " + std::to_string(i % 24 + 1));
         WeatherHour h;
-        h.dryBulb = static_cast<float>(FToC(in.NextNumber()));
-        h.dewPoint = static_cast<float>(FToC(in.NextNumber()));
-        h.globalHorizontal = static_cast<float>(in.NextNumber() * kBtuhFt2ToW);
-        h.directNormal = static_cast<float>(in.NextNumber() * kBtuhFt2ToW);
-        h.diffuseHorizontal = static_cast<float>(in.NextNumber() * kBtuhFt2ToW);
-        h.windSpeed = static_cast<float>(in.NextNumber() * kMphToMs);
-        h.windDirection = static_cast<float>(in.NextNumber());
-        h.opaqueSkyCover = static_cast<float>(in.NextNumber());
-        if (h.dryBulb < -70 || h.dryBulb > 70 || h.dewPoint > h.dryBulb + 0.5f)
-            throw ReadError(fileName, lineNo, "dry bulb or dew point out of range");
-        if (h.globalHorizontal < 0 || h.directNormal < 0 || h.diffuseHorizontal < 0 ||
-            h.opaqueSkyCover < 0 || h.opaqueSkyCover > 10)
-            throw ReadError(fileName, lineNo, "radiation or sky cover out of range");
+        const auto value = [&](const WeatherElement& e) {
+            return WeatherValue(in.NextText(), e, fileName, lineNo);
+        };
+        h.dryBulb = static_cast<float>(FToC(value(custom::kDryBulb)));
+        h.dewPoint = static_cast<float>(FToC(value(custom::kDewPoint)));
+        h.globalHorizontal = static_cast<float>(value(custom::kGlobal) * kBtuhFt2ToW);
+        h.directNormal = static_cast<float>(value(custom::kDirect) * kBtuhFt2ToW);
+        h.diffuseHorizontal = static_cast<float>(value(custom::kDiffuse) * kBtuhFt2ToW);
+        h.windSpeed = static_cast<float>(value(custom::kWindSpeed) * kMphToMs);
+        h.windDirection = static_cast<float>(value(custom::kWindDirection));
+        h.opaqueSkyCover = static_cast<float>(value(custom::kOpaqueSky));
+        if (h.dewPoint > h.dryBulb + 0.5f)
+            throw ReadError(fileName, lineNo, "dew point above the dry bulb");
         h.relativeHumidity = static_cast<float>(RelativeHumidity(h.dryBulb, h.dewPoint));
         h.pressure = static_cast<float>(pressure);
         h.horizontalInfrared =

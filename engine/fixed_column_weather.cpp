@@ -8,6 +8,7 @@
 #include "core/text_file.h"
 #include "engine/custom_weather.h"
 #include "engine/epw_reader.h"
+#include "engine/weather_limits.h"
 
 namespace solvane::engine {
 
@@ -67,8 +68,20 @@ int FieldValue(const std::string& line, Columns c, const char* what, const std::
     return static_cast<int>(value);
 }
 
-double Radiation(int kj) {
-    return (kj >= 9999 || kj < 0) ? 0.0 : kj * kKilojoulePerHourToWatt;
+// Elements as the fixed-column forms record them (NOAA TD 9734 encoding):
+// radiation in kJ/m2, wind speed in tenths of m/s; the limits are those of
+// the EPW data dictionary in these units, the missing marks all nines.
+constexpr WeatherElement kGlobalKj{"global radiation", "kJ/m2", 0, 9999, false, 9999};
+constexpr WeatherElement kDirectKj{"direct normal radiation", "kJ/m2", 0, 9999, false, 9999};
+constexpr WeatherElement kDiffuseKj{"diffuse radiation", "kJ/m2", 0, 9999, false, 9999};
+constexpr WeatherElement kWindTenths{"wind speed", "tenths of m/s", 0, 400, false, 9999};
+constexpr WeatherElement kDirection{"wind direction", "degrees", 0, 360, false, 999};
+constexpr WeatherElement kSky{"opaque sky cover", "tenths", 0, 10, false, 99};
+constexpr WeatherElement kPressure10Pa{"station pressure", "10 Pa", 3100, 12000, true, 99999};
+
+double Radiation(int kj, const WeatherElement& e, const std::string& fileName, int lineNo) {
+    CheckWeatherValue(kj, e, fileName, lineNo);
+    return IsMissing(e, kj) ? 0.0 : kj * kKilojoulePerHourToWatt;
 }
 
 // The hourly records of either form, 1 January hour 1 first; a leap day is
@@ -108,25 +121,37 @@ void ReadRecords(const std::vector<std::string>& lines, const FixedColumnLayout&
         const int dewPoint = FieldValue(line, f.dewPoint, "dew point", fileName, lineNo);
         if (dryBulb >= 9999 || dewPoint >= 9999)
             throw ReadError(fileName, lineNo, "dry bulb or dew point missing (9999)");
-        h.dryBulb = static_cast<float>(dryBulb / 10.0);
-        h.dewPoint = static_cast<float>(dewPoint / 10.0);
-        if (h.dryBulb > 70 || h.dryBulb < -70 || h.dewPoint > 70 || h.dewPoint < -90)
-            throw ReadError(fileName, lineNo, "temperature out of range");
+        h.dryBulb =
+            static_cast<float>(CheckWeatherValue(dryBulb / 10.0, epw::kDryBulb, fileName, lineNo));
+        h.dewPoint = static_cast<float>(
+            CheckWeatherValue(dewPoint / 10.0, epw::kDewPoint, fileName, lineNo));
         const int pressure = FieldValue(line, f.pressure, "station pressure", fileName, lineNo);
-        h.pressure = static_cast<float>(pressure >= 99999 || pressure <= 0 ? standardPressure
-                                                                           : pressure * 10.0);
+        // A pressure of 0 is also taken for a missing one, as some files give it.
+        if (pressure != 0) CheckWeatherValue(pressure, kPressure10Pa, fileName, lineNo);
+        h.pressure = static_cast<float>(pressure == 0 || IsMissing(kPressure10Pa, pressure)
+                                            ? standardPressure
+                                            : pressure * 10.0);
         h.globalHorizontal = static_cast<float>(
-            Radiation(FieldValue(line, f.global, "global radiation", fileName, lineNo)));
+            Radiation(FieldValue(line, f.global, "global radiation", fileName, lineNo), kGlobalKj,
+                      fileName, lineNo));
         h.directNormal = static_cast<float>(
-            Radiation(FieldValue(line, f.direct, "direct normal radiation", fileName, lineNo)));
+            Radiation(FieldValue(line, f.direct, "direct normal radiation", fileName, lineNo),
+                      kDirectKj, fileName, lineNo));
         h.diffuseHorizontal = static_cast<float>(
-            Radiation(FieldValue(line, f.diffuse, "diffuse radiation", fileName, lineNo)));
-        const int direction = FieldValue(line, f.windDirection, "wind direction", fileName, lineNo);
-        const int speed = FieldValue(line, f.windSpeed, "wind speed", fileName, lineNo);
-        h.windDirection = static_cast<float>(direction >= 999 || direction < 0 ? 0 : direction);
-        h.windSpeed = static_cast<float>(speed >= 9999 || speed < 0 ? 0.0 : speed / 10.0);
-        const int opaque = FieldValue(line, f.opaqueSky, "opaque sky cover", fileName, lineNo);
-        h.opaqueSkyCover = static_cast<float>(opaque > 10 || opaque < 0 ? 5 : opaque);
+            Radiation(FieldValue(line, f.diffuse, "diffuse radiation", fileName, lineNo),
+                      kDiffuseKj, fileName, lineNo));
+        const int direction = static_cast<int>(
+            CheckWeatherValue(FieldValue(line, f.windDirection, "wind direction", fileName, lineNo),
+                              kDirection, fileName, lineNo));
+        const int speed = static_cast<int>(
+            CheckWeatherValue(FieldValue(line, f.windSpeed, "wind speed", fileName, lineNo),
+                              kWindTenths, fileName, lineNo));
+        h.windDirection = static_cast<float>(IsMissing(kDirection, direction) ? 0 : direction);
+        h.windSpeed = static_cast<float>(IsMissing(kWindTenths, speed) ? 0.0 : speed / 10.0);
+        const int opaque = static_cast<int>(
+            CheckWeatherValue(FieldValue(line, f.opaqueSky, "opaque sky cover", fileName, lineNo),
+                              kSky, fileName, lineNo));
+        h.opaqueSkyCover = static_cast<float>(IsMissing(kSky, opaque) ? 5 : opaque);
         h.relativeHumidity = static_cast<float>(RelativeHumidity(h.dryBulb, h.dewPoint));
         // Neither form records the long-wave from the sky: the same
         // estimate from dew point and cloud as a missing EPW value.

@@ -332,7 +332,8 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
         const std::string oa = f[9];
         const std::size_t p = oa.find_first_not_of(' ');
         const std::string prefix = p == std::string::npos ? "" : oa.substr(p, 2);
-        const double oaValue = NumVal(p == std::string::npos ? "" : oa.substr(p + 2));
+        const double oaValue =
+            NumVal(p == std::string::npos || p + 2 > oa.size() ? "" : oa.substr(p + 2));
         double cfm = 0;
         if (prefix == "CS")
             cfm = oaValue * areaFt2;

@@ -302,6 +302,13 @@ Navigation OpenProjectFromPath(Session& session, Prompt& prompt, const ProjectFi
     // The file is read whole before anything of the open project is let go,
     // so that a mistyped name leaves everything as it was.
     const auto content = ReadTextFile(path);
+    std::error_code folder;
+    if (!content && fs::is_directory(path, folder)) {
+        prompt.Ask(path + " is a folder, not a project file." + std::string(CrLf) +
+                       "Please choose a project file (.inp) in it.",
+                   "Open Project", Buttons::Ok, Icon::Exclamation);
+        return {};
+    }
     if (!content) {
         prompt.Ask("The project file " + path + " could not be opened." + std::string(CrLf) +
                        "Please check the name and the folder.",

@@ -65,6 +65,11 @@ class Reader {
 
   private:
     std::string Line() { return r_.NextLine(); }
+    // A value the file holds in its place but that cannot stand: the line
+    // named is the value's own, not the one the reader has reached.
+    [[noreturn]] void Refuse(int line, const std::string& what) const {
+        throw ReadError(r_.FileName(), line, what);
+    }
     std::string Value() { return cuts::Value(r_.NextLine()); }
 
     void ResetFlags();
@@ -112,6 +117,9 @@ void Reader::ReadProjectBlock() {
     const std::string head = Line();
     ps.WeatherSeed = cuts::Mid(head, 11, 10);
     ps.InputFileVersion = 4;  // whatever the file says
+    const std::string unitsWord = cuts::Right(cuts::TrimRight(head), 2);
+    if (unitsWord != "IP" && unitsWord != "SI")
+        Refuse(1, "the units word \"" + unitsWord + "\" at the end of the line must be IP or SI");
     ps.Units = cuts::Right(head, 2) == "SI" ? 2 : 1;
     ps.UnitsIndex = static_cast<std::int16_t>(ps.Units - 1);
 
@@ -129,12 +137,23 @@ void Reader::ReadProjectBlock() {
     pd[kBldType] = cuts::TrimRight(pd[kBldType]);
     const std::string typeText = cuts::Right(pd[kBldType], 2);
     if (!IsNumericText(typeText)) r_.Fail(kTypeMismatch);
-    ps.BuildingType = Int16(NumVal(typeText), r_);
+    // The building type stands on the line after the head line.
+    const double type = NumVal(typeText);
+    if (!(type >= 1 && type <= kBuildingTypes))
+        Refuse(2, "Bld. Type \"" + pd[kBldType] + "\": the building type " + typeText +
+                      " is not one of 1 to " + std::to_string(kBuildingTypes));
+    ps.BuildingType = Int16(type, r_);
 
     ps.ProjectTitle = cuts::Left(pd[kProjName], 25) + ", " + cuts::Left(fileState, 15) + ", " +
                       cuts::Left(fileCity, 15);
 
-    ps.CodeNum = Int16(NumVal(cuts::Mid(Line(), 11)), r_);
+    const int codeLine = r_.LineNumber();
+    const std::string codeText = cuts::Mid(Line(), 11);
+    const double code = NumVal(codeText);
+    if (!(code >= 0 && code <= 3))
+        Refuse(codeLine, "Code Num \"" + cuts::TrimLeft(cuts::TrimRight(codeText)) +
+                             "\": the energy code must be 0 to 3");
+    ps.CodeNum = Int16(code, r_);
     ps.BuildingType = Int16(NumVal(cuts::Right(pd[kBldType], 2)), r_);
     m_.BuildingOrientation = pd[kOrientation];
     m_.BuildingFloorArea = m_.BuildingFloorAreaEntered = static_cast<float>(NumVal(pd[kFloorArea]));
@@ -156,7 +175,16 @@ void Reader::ReadProjectBlock() {
 void Reader::ReadClimateAndEconomics() {
     ClimateState& c = m_.climate;
     // Only the number of the climate zone is kept; a letter after it is lost.
-    m_.session.ClimateZone = NumText(NumVal(cuts::Right(Line(), 3)));
+    // The envelope files of zones 1 to 8 are all there are.
+    const int climateLine = r_.LineNumber();
+    const std::string zoneText = cuts::Right(Line(), 3);
+    const double zone = NumVal(zoneText);
+    // 0 or a blank names no zone: the project opens and asks for its location
+    // again. Any other figure outside 1 to 8 is a damaged file.
+    if (zone != 0 && !(zone >= 1 && zone < 9))
+        Refuse(climateLine, "CLzone= \"" + cuts::TrimLeft(cuts::TrimRight(zoneText)) +
+                                "\": the climate zone must be 1 to 8");
+    m_.session.ClimateZone = NumText(zone);
     m_.ProjectData[kClimateZoneCopy] = m_.session.ClimateZone;
 
     for (int i = 1; i <= 3; ++i) c.WeatherData[i] = Line();
@@ -168,9 +196,13 @@ void Reader::ReadClimateAndEconomics() {
     c.Latitude = static_cast<float>(NumVal(cuts::Mid(c.WeatherData[2], 57, 7)));
 
     // Older files have no design temperature line.
+    const int desTempsLine = r_.LineNumber();
     std::string line = Line();
     if (cuts::Left(line, 8) == "DesTemps") {
         const auto tokens = cuts::Tokens(cuts::Mid(line, 10), 3);
+        for (const std::string& t : tokens)
+            if (!IsNumericText(t) || std::abs(NumVal(t)) > 200)
+                Refuse(desTempsLine, "DesTemps: \"" + t + "\" is not a design temperature");
         for (std::size_t i = 0; i < tokens.size(); ++i) c.DesTemps[i + 1] = tokens[i];
         Line();  // "ECONOMICS"
     }
@@ -316,7 +348,9 @@ void Reader::StageSurfaces(int z, int floorOfZone) {
     }
     m_.zones.ZoneSurfaceCount[z] = static_cast<std::int16_t>(count);
     staged.Line("end");
-    if (!WriteFileAtomic(path, staged.Str())) r_.Fail(kPathError);
+    std::string why;
+    if (!WriteFileAtomic(path, staged.Str(), &why))
+        throw std::runtime_error(WriteFailureText(path, why));
     ReadStagedSurfaces(z, floorOfZone, path);
 }
 
@@ -388,8 +422,10 @@ void Reader::Read() {
     // Everything after the zones is the building matrix.
     LineWriter matrix;
     while (!r_.AtEnd()) matrix.Line(r_.NextLine());
-    if (!WriteFileAtomic(s_.paths.Resolve("\\sketch\\bld_mtx.all"), matrix.Str()))
-        r_.Fail(kPathError);
+    const auto matrixPath = s_.paths.Resolve("\\sketch\\bld_mtx.all");
+    std::string why;
+    if (!WriteFileAtomic(matrixPath, matrix.Str(), &why))
+        throw std::runtime_error(WriteFailureText(matrixPath, why));
 
     // The sizer's figures now come from the project's surfaces.
     m_.sizer.WindowSizerApplied = 1;

@@ -87,9 +87,10 @@ bool WriteEngineInput(Session& session, Prompt& prompt, bool repeatWeatherSequen
         return false;
     }
     const auto path = session.paths.Resolve("\\temp\\ecalc$.inp");
-    if (!WriteFileAtomic(path, out.Str())) {
-        prompt.Ask("The engine's input " + path.string() + " could not be written.", "Error",
-                   Buttons::Ok, Icon::Exclamation);
+    std::string why;
+    if (!WriteFileAtomic(path, out.Str(), &why)) {
+        prompt.Ask("The engine's input " + WriteFailureText(path, why) + ".", "Error", Buttons::Ok,
+                   Icon::Exclamation);
         return false;
     }
     return true;

@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <thread>
@@ -15,8 +16,19 @@ extern char** environ;
 
 namespace solvane {
 
+std::filesystem::path EnginePath(const ProgramPaths& paths) {
+    const std::filesystem::path inFolder = paths.Resolve(kEngineName);
+    std::error_code ec;
+    if (std::filesystem::exists(inFolder, ec)) return inFolder;
+    const std::filesystem::path self = std::filesystem::read_symlink("/proc/self/exe", ec);
+    if (!ec && self.parent_path().filename() == "bin" &&
+        std::filesystem::exists(self.parent_path() / kEngineName, ec))
+        return self.parent_path() / kEngineName;
+    return inFolder;
+}
+
 EngineProcess StartEngine(const ProgramPaths& paths, std::string& error) {
-    const std::string program = paths.Resolve(kEngineName).string();
+    const std::string program = EnginePath(paths).string();
     const std::string temp = paths.Resolve("temp").string();
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
@@ -46,6 +58,23 @@ bool IsEngineRunning(EngineProcess& engine, int milliseconds) {
         }
         if (std::chrono::steady_clock::now() >= until) return true;
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+}
+
+void StopEngine(EngineProcess& engine, int graceMilliseconds) {
+    if (engine.finished || engine.pid <= 0) return;
+    ::kill(engine.pid, SIGTERM);
+    if (!IsEngineRunning(engine, graceMilliseconds)) return;
+    ::kill(engine.pid, SIGKILL);
+    while (IsEngineRunning(engine, 1000)) {
+    }
+}
+
+void DeleteEngineOutputs(const ProgramPaths& paths) {
+    for (const char* name : {"Monitor.txt", "sim$.out", "ecalc$.wth", "ecalc$.flt", "ecalc$.hry",
+                             "etemp$.hry", "eweth$.hry"}) {
+        std::error_code ec;
+        std::filesystem::remove(paths.Resolve("temp") / name, ec);
     }
 }
 

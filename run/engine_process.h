@@ -18,6 +18,11 @@ struct EngineProcess {
     int exitStatus = -1;  // once finished: the exit code, -1 when it did not end normally
 };
 
+// The engine: in the program folder, else beside the running program when
+// that stands in a bin folder (an installed system keeps its programs in
+// /usr/bin and the program folder, or the user's copy of it, elsewhere).
+std::filesystem::path EnginePath(const ProgramPaths& paths);
+
 // Starts the engine with no arguments in \temp. The process id is -1, with
 // the reason in `error`, when it could not be started.
 EngineProcess StartEngine(const ProgramPaths& paths, std::string& error);
@@ -25,7 +30,17 @@ EngineProcess StartEngine(const ProgramPaths& paths, std::string& error);
 // Waits up to `milliseconds` for the process; true while it still runs.
 bool IsEngineRunning(EngineProcess& engine, int milliseconds);
 
+// Asks the engine to stop (SIGTERM), waits up to `graceMilliseconds` for it
+// to leave its record, then ends it outright (SIGKILL). Returns once it is
+// gone.
+void StopEngine(EngineProcess& engine, int graceMilliseconds);
+
 // Deletes \temp\*.flt before a run; failures are ignored.
 void DeleteComfortFiles(const ProgramPaths& paths);
+
+// Deletes what an earlier run of the engine left in \temp (Monitor.txt,
+// sim$.out, ecalc$.wth, ecalc$.flt and the hourly files), so that nothing of
+// it can be taken for this run's.
+void DeleteEngineOutputs(const ProgramPaths& paths);
 
 }  // namespace solvane

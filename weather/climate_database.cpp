@@ -61,7 +61,7 @@ void CountCityRecords(const ProgramPaths& paths, ClimateIndex& index) {
         index.RegionCityCount[r] = static_cast<std::int16_t>(count);
         total += count;
     }
-    index.TotalCities = static_cast<std::int16_t>(total);
+    index.TotalCities = static_cast<std::int32_t>(total);
 }
 
 namespace {
@@ -75,7 +75,14 @@ void LoadStateTally(const ProgramPaths& paths, ClimateIndex& index, int r) {
         const std::string& line = lines[i];
         if (line.compare(0, 4, "Last") == 0) {
             const std::size_t from = line.size() > 5 ? line.size() - 5 : 0;
-            index.RegionCityCount[r] = ToInt16(NumVal(std::string_view(line).substr(from)));
+            const std::string_view count = RightTrimmed(std::string_view(line).substr(from));
+            const double cities = NumVal(count);
+            if (!(cities >= 0 && cities <= kMaxRegionRecords + 1))
+                throw ReadError(paths.Resolve(file).string(), static_cast<int>(i) + 1,
+                                "the region's city count \"" + std::string(count) +
+                                    "\" is out of range (0 to " +
+                                    std::to_string(kMaxRegionRecords + 1) + ")");
+            index.RegionCityCount[r] = static_cast<std::int16_t>(cities);
             break;
         }
         if (states == kMaxStates) break;

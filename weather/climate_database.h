@@ -66,8 +66,9 @@ struct ClimateIndex {
     PerState<std::string> StateMapName;
     PerState<std::int16_t> StateFirstRecord{};
     PerState<double> StateCityCount{};
-    std::int16_t TotalCities = 0;
-    std::int16_t TotalCountries = 0;
+    // Wider than a region's count: eight full region files exceed 32767.
+    std::int32_t TotalCities = 0;
+    std::int32_t TotalCountries = 0;
     std::array<std::string, kRegions + 1> RegionSummary{};
 
     ClimateIndex();

@@ -88,8 +88,19 @@ TEST(TextFile, AtomicWriteReplacesWholeAndFailsCleanly) {
     ASSERT_TRUE(WriteFileAtomic(file, "old\r\n"));
     ASSERT_TRUE(WriteFileAtomic(file, "new\r\n"));
     EXPECT_EQ(*ReadTextFile(file), "new\r\n");
-    EXPECT_FALSE(WriteFileAtomic(dir / "missing" / "p.inp", "x"));
+    std::string why;
+    EXPECT_FALSE(WriteFileAtomic(dir / "missing" / "p.inp", "x", &why));
+    EXPECT_EQ(why, "No such file or directory");
+    EXPECT_EQ(WriteFailureText(dir / "missing" / "p.inp", why),
+              (dir / "missing" / "p.inp").string() + " could not be written: " + why);
+    // A folder in the way of the rename: the old folder stays, no temporary is left.
+    std::filesystem::create_directories(dir / "taken" / "inside");
+    EXPECT_FALSE(WriteFileAtomic(dir / "taken", "x", &why));
+    EXPECT_FALSE(why.empty());
+    std::filesystem::remove_all(dir / "taken");
     EXPECT_EQ(*ReadTextFile(file), "new\r\n");
+    // A folder is no text file, though it opens as a stream.
+    EXPECT_FALSE(ReadTextFile(dir).has_value());
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(dir),
                             std::filesystem::directory_iterator()),
               1);

@@ -156,6 +156,15 @@ TEST(FixedColumnWeather, DamagedFilesNameTheFileAndLine) {
     ExpectReadError(wyec2(Damage(DenverWyec2(), 50, 13, "03")), "ecalc$.tmy", 50,
                     "hour out of order");
     ExpectReadError(wyec2(Damage(DenverWyec2(), 60, 90, "9999")), "ecalc$.tmy", 60, "missing");
+    // Values outside the elements' limits (those of the EPW dictionary).
+    ExpectReadError(wyec2(Damage(DenverWyec2(), 61, 19, "-500")), "ecalc$.tmy", 61,
+                    "global radiation -500 is out of range");
+    ExpectReadError(wyec2(Damage(DenverWyec2(), 62, 95, "-800")), "ecalc$.tmy", 62,
+                    "dew point -80 is out of range");
+    ExpectReadError(wyec2(Damage(DenverWyec2(), 63, 100, "400")), "ecalc$.tmy", 63,
+                    "wind direction 400 is out of range");
+    ExpectReadError(wyec2(Damage(DenverWyec2(), 64, 112, "12")), "ecalc$.tmy", 64,
+                    "opaque sky cover 12 is out of range");
     ExpectReadError(wyec2(""), "ecalc$.tmy", 1, "empty");
 
     // IWEC: the header is line 1, so hour n is line n + 1.

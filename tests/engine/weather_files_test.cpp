@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include "core/item_reader.h"
 #include "core/line_writer.h"
@@ -88,6 +89,86 @@ TEST(CustomWeather, AHourOutOfOrderNamesItsLine) {
         EXPECT_EQ(e.Line(), 104);
     }
     EXPECT_THROW(ReadRecordedWeather("TMY2 DATA\n", "x.tm2"), ReadError);
+}
+
+// The Denver EPW with field `field` of data line `line` (from 1) replaced.
+std::string EpwWith(int line, std::size_t field, const std::string& value) {
+    static const std::string epw =
+        ReadTextFile(kSource + "/tests/fixtures/weather/725650TYCST.epw").value_or("");
+    std::vector<std::string> lines = SplitLines(epw);
+    std::string& l = lines[static_cast<std::size_t>(line - 1)];
+    std::size_t start = 0;
+    for (std::size_t f = 0; f < field; ++f) start = l.find(',', start) + 1;
+    const std::size_t end = l.find(',', start);
+    l.replace(start, end == std::string::npos ? std::string::npos : end - start, value);
+    std::string out;
+    for (const auto& x : lines) out += x + "\r\n";
+    return out;
+}
+
+// Values outside the limits of the EPW data dictionary are refused with the
+// line and the element; its missing marks are taken as missing.
+TEST(EpwReader, ValuesOutsideTheFormatsLimitsNameLineAndElement) {
+    const struct {
+        int line;
+        std::size_t field;
+        std::string value, words;
+    } cases[] = {
+        {21, 7, "-1e30", "dew point -1E+30 is out of range (above -70 and below 70 C"},
+        {21, 13, "-5000", "global horizontal -5000 is out of range (from 0 to 9999 Wh/m2"},
+        {22, 6, "70", "dry bulb 70 is out of range"},
+        {23, 9, "20000", "station pressure 20000 is out of range"},
+        {24, 21, "41", "wind speed 41 is out of range (from 0 to 40 m/s"},
+        {25, 20, "-1", "wind direction -1 is out of range"},
+        {26, 23, "11", "opaque sky cover 11 is out of range"},
+        {27, 8, "abc", "relative humidity \"abc\" is not a number"},
+        {1, 6, "91", "latitude 91 is out of range"},
+    };
+    for (const auto& c : cases) {
+        try {
+            ReadEpw(EpwWith(c.line, c.field, c.value), "ecalc$.tmy");
+            ADD_FAILURE() << c.words;
+        } catch (const ReadError& e) {
+            EXPECT_EQ(e.Line(), c.line) << e.what();
+            EXPECT_NE(std::string(e.what()).find(c.words), std::string::npos) << e.what();
+        }
+    }
+    // Missing marks: pressure 999999, radiation 9999, wind 999, sky cover 99.
+    std::string t = EpwWith(9, 9, "999999");
+    const WeatherYear w = ReadEpw(EpwWith(9, 14, "9999"), "ecalc$.tmy");
+    EXPECT_EQ(w.hours[0].directNormal, 0.0f);
+    EXPECT_NEAR(ReadEpw(t, "x").hours[0].pressure, StandardPressure(1650), 1);
+}
+
+TEST(CustomWeather, ValuesOutsideTheirLimitsNameLineAndElement) {
+    const std::string good = CustomFrom(Denver());
+    const auto with = [&](int line, const std::string& record) {
+        std::vector<std::string> lines = SplitLines(good);
+        lines[static_cast<std::size_t>(line - 1)] = record;
+        std::string out;
+        for (const auto& x : lines) out += x + "\r\n";
+        return out;
+    };
+    const struct {
+        int line;
+        std::string record, words;
+    } cases[] = {
+        {4, "1,1,1,20,-1e30,0,0,0,0,0,0", "dew point -1E+30 is out of range"},
+        {5, "1,1,2,20,10,-5000,0,0,0,0,0", "global horizontal -5000 is out of range"},
+        {6, "1,1,3,20,10,0,0,0,0,400,0", "wind direction 400 is out of range"},
+        {7, "1,1,4,20,10,0,0,0", "record holds 8 of its 11 fields"},
+        {8, "1,1,1e99,20,10,0,0,0,0,0,0", "hour 1E+99 is out of range"},
+        {2, "\"Denver\", 95, -104.65, -7, 5413", "latitude 95 is out of range"},
+    };
+    for (const auto& c : cases) {
+        try {
+            ReadCustomWeather(with(c.line, c.record), "x.cus");
+            ADD_FAILURE() << c.words;
+        } catch (const ReadError& e) {
+            EXPECT_EQ(e.Line(), c.line) << e.what();
+            EXPECT_NE(std::string(e.what()).find(c.words), std::string::npos) << e.what();
+        }
+    }
 }
 
 }  // namespace

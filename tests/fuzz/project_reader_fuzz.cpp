@@ -3,9 +3,6 @@
 // in its own units and in both others, and its design temperatures are
 // computed, so that the writers see whatever the reader can produce.
 
-#include <stdlib.h>
-#include <unistd.h>
-
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -18,6 +15,7 @@
 #include "projectfile/design_temps.h"
 #include "projectfile/file_dialogs.h"
 #include "projectfile/project_file.h"
+#include "tests/fuzz/scratch_folder.h"
 #include "ui/scripted_prompt.h"
 
 namespace fs = std::filesystem;
@@ -26,15 +24,14 @@ namespace {
 
 // A program folder of the fuzzer's own for the staging and matrix files.
 const fs::path& ProgramFolder() {
-    static const fs::path root = [] {
-        std::string pattern = (fs::temp_directory_path() / "solvane_fuzz_XXXXXX").string();
-        const char* made = mkdtemp(pattern.data());
-        const fs::path p = made ? fs::path(made) : fs::temp_directory_path() / "solvane_fuzz";
-        fs::create_directories(p / "temp");
-        fs::create_directories(p / "sketch");
-        return p;
+    static const solvane::fuzz::ScratchFolder folder("solvane_fuzz_");
+    static const bool made = [] {
+        fs::create_directories(folder.Path() / "temp");
+        fs::create_directories(folder.Path() / "sketch");
+        return true;
     }();
-    return root;
+    (void)made;
+    return folder.Path();
 }
 
 }  // namespace

@@ -281,6 +281,16 @@ TEST_F(DialogTest, OpenOfAMissingOrDamagedFile) {
     EXPECT_EQ(prompt.asked.back().title, "Open Project");
     EXPECT_TRUE(fs::exists(folder_->Root() / "temp" / "temp9-9.zon"));
 
+    // A folder named as the project is told as such, not as a short file.
+    fs::create_directories(projects_ / "folder.inp");
+    open.retrievefile = "folder.inp";
+    EXPECT_EQ(open.Ok().show, Screen::None);
+    EXPECT_EQ(prompt.asked.back().title, "Open Project");
+    EXPECT_NE(prompt.asked.back().text.find("folder.inp is a folder, not a project file"),
+              std::string::npos)
+        << prompt.asked.back().text;
+    EXPECT_TRUE(fs::exists(folder_->Root() / "temp" / "temp9-9.zon"));
+
     Touch(projects_ / "broken.inp", "SOLVANE   .5        4  IP\r\nBld. Type Office 21\r\n");
     open.retrievefile = "broken.inp";
     other.model.ProjectData[kProjName] = "Kept";

@@ -299,7 +299,7 @@ TEST_F(ReaderTest, DamagedFilesGiveTheSurprisePrompt) {
     } cases[] = {
         {file_.substr(0, file_.find("ECONOMICS")), "Input past end of file"},
         {WithLine(file_, 1, "Bld. Type Office xx"), "Type mismatch"},
-        {WithLine(file_, 13, "Code Num   7 "), "Subscript out of range"},
+        {WithLine(file_, 13, "Code Num   7 "), "line 14: Code Num \"7\": the energy code must be"},
         {WithLine(file_, walls + 1, "ID. #     51"), "Subscript out of range"},
         {WithLine(file_, zones + 1, "Zone No.  "), "Invalid procedure call or argument"},
         {WithLine(file_, zones + 1, "Zone No.  1/1"), "Bad file name or number"},
@@ -321,6 +321,53 @@ TEST_F(ReaderTest, DamagedFilesGiveTheSurprisePrompt) {
         EXPECT_NE(prompt.asked[0].text.find("office.inp"), std::string::npos);
         EXPECT_NE(prompt.asked[0].text.find("Error in Retrieval of Input"), std::string::npos);
     }
+}
+
+// A value that cannot stand is named at its own line with the field and the
+// reason, not at the line the reader had reached when it was used.
+TEST_F(ReaderTest, WrongValuesAreNamedAtTheirOwnLine) {
+    const int weather = 14, desTemps = 26;  // 0-based, as the layout has them
+    const struct {
+        std::string text;
+        std::string where;
+    } cases[] = {
+        {WithLine(file_, 1, "Bld. Type Office 9999"),
+         "office.inp, line 2: Bld. Type \"Office 9999\": the building type 99 is not one of 1 to "
+         "40"},
+        {WithLine(file_, 1, "Bld. Type Office 0"), "office.inp, line 2: Bld. Type"},
+        {WithLine(file_, 13, "Code Num   77 "),
+         "office.inp, line 14: Code Num \"77\": the energy code must be 0 to 3"},
+        {WithLine(file_, 13, "Code Num   1e99 "), "office.inp, line 14: Code Num"},
+        {WithLine(file_, weather, "WEATHER   CLzone=  99"),
+         "office.inp, line " + std::to_string(weather + 1) +
+             ": CLzone= \"99\": the climate zone must be 1 to 8"},
+        {WithLine(file_, 0, "SOLVANE   .8376642   4  XX"),
+         "office.inp, line 1: the units word \"XX\""},
+        {WithLine(file_, desTemps, "DesTemps: x y z "),
+         "office.inp, line " + std::to_string(desTemps + 1) + ": DesTemps: \"x\""},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.where);
+        Session s;
+        s.paths = target_.paths;
+        ScriptedPrompt prompt;
+        EXPECT_EQ(ReadProjectFile(s, prompt, c.text, "office.inp", test::TitleHooks()),
+                  ReadStatus::Damaged);
+        ASSERT_EQ(prompt.asked.size(), 1u);
+        EXPECT_NE(prompt.asked[0].text.find(c.where), std::string::npos) << prompt.asked[0].text;
+    }
+}
+
+// A staging file that cannot be written is named with the system's reason.
+TEST_F(ReaderTest, AStagingFileThatCannotBeWrittenIsNamed) {
+    fs::remove_all(folder_->Root() / "temp");
+    WriteFileAtomic(folder_->Root() / "temp", "a file where the folder should be");
+    ScriptedPrompt prompt;
+    EXPECT_EQ(Read(file_, prompt), ReadStatus::Damaged);
+    ASSERT_EQ(prompt.asked.size(), 1u);
+    EXPECT_NE(prompt.asked[0].text.find("temp1-1.zon could not be written: Not a directory"),
+              std::string::npos)
+        << prompt.asked[0].text;
 }
 
 TEST_F(ReaderTest, ReadHeadLineTakesSeedAndVersion) {

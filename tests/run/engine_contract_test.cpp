@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <filesystem>
 
 #include "core/text_file.h"
@@ -105,6 +106,38 @@ TEST(EngineProcess, AMissingEngineIsReportedAndAFinishedOneGivesItsStatus) {
     EXPECT_LT(polls, 10);
     EXPECT_EQ(engine.exitStatus, 3);
     EXPECT_FALSE(IsEngineRunning(engine, 10));
+    fs::remove_all(root);
+}
+
+// The watchdog: an engine that will not stop when asked is ended outright,
+// and one that does stop is given its grace. Outputs of an earlier run go.
+TEST(EngineProcess, StopEndsAnEngineThatIgnoresTheRequest) {
+    const fs::path root =
+        fs::temp_directory_path() / ("solvane_stop_" + std::to_string(::getpid()));
+    fs::create_directories(root / "temp");
+    const fs::path fake = root / "Solv2020";
+    std::string error;
+    for (const bool stubborn : {true, false}) {
+        // No child processes: one left behind would hold the test's output open.
+        WriteFileAtomic(fake, stubborn ? "#!/bin/sh\ntrap '' TERM\nwhile :; do :; done\n"
+                                       : "#!/bin/sh\nexec sleep 30\n");
+        fs::permissions(fake, fs::perms::owner_all);
+        EngineProcess engine = StartEngine(ProgramPaths(root), error);
+        ASSERT_GT(engine.pid, 0) << error;
+        EXPECT_TRUE(IsEngineRunning(engine, 200));
+        const auto start = std::chrono::steady_clock::now();
+        StopEngine(engine, 300);
+        EXPECT_TRUE(engine.finished);
+        EXPECT_EQ(engine.exitStatus, -1);
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+    }
+
+    for (const char* name : {"Monitor.txt", "sim$.out", "ecalc$.wth", "ecalc$.flt", "ecalc$.hry"})
+        WriteFileAtomic(root / "temp" / name, "an earlier run\r\n");
+    WriteFileAtomic(root / "temp" / "ecalc$.inp", "kept\r\n");
+    DeleteEngineOutputs(ProgramPaths(root));
+    EXPECT_EQ(std::distance(fs::directory_iterator(root / "temp"), fs::directory_iterator()), 1);
+    EXPECT_TRUE(fs::exists(root / "temp" / "ecalc$.inp"));
     fs::remove_all(root);
 }
 

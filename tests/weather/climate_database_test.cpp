@@ -159,3 +159,37 @@ TEST(ClimateIndexFiles, CountsTallyAndGroups) {
     EXPECT_THROW(LoadClimateIndex(paths, broken), ReadError);
     fs::remove_all(dir);
 }
+
+// A tally's count that cannot be a region's is refused with the tally file
+// and its line, and eight oversized region files do not wrap the total.
+TEST(ClimateIndexFiles, OversizedCountsAreToldOrHeld) {
+    const fs::path dir = test::MakeProgramDir("oversized");
+    test::WriteDatabase(dir, {test::Station(1, "AL", "Alabama", "Birmingham"),
+                              test::Station(2, "AB", "Alberta", "Abee AgDM")});
+    const ProgramPaths paths(dir);
+    const fs::path tally = dir / "weather" / "StateTally1.Out";
+    const std::string good = test::ReadAll(tally);
+    for (const char* count : {"28979999999999999999", "-5", "99999"}) {
+        WriteFileAtomic(tally, good.substr(0, good.find("Last")) +
+                                   "Last                                         " + count +
+                                   "\r\n");
+        ClimateIndex index;
+        try {
+            LoadClimateIndex(paths, index);
+            ADD_FAILURE() << count << " was taken";
+        } catch (const ReadError& e) {
+            EXPECT_EQ(e.File(), paths.Resolve(StateTallyPath(1)).string());
+            EXPECT_EQ(e.Line(), 2) << e.what();
+            EXPECT_NE(std::string(e.what()).find("city count"), std::string::npos) << e.what();
+        }
+    }
+
+    const std::string record = test::ReadAll(dir / "weather" / "Weth1-USA.asc");
+    std::string big;
+    for (int i = 0; i < 6001; ++i) big += record;
+    for (int r = 1; r <= kRegions; ++r) WriteFileAtomic(paths.Resolve(RegionFilePath(r)), big);
+    ClimateIndex index;
+    CountCityRecords(paths, index);
+    EXPECT_EQ(index.TotalCities, 8 * 6001);
+    fs::remove_all(dir);
+}
