@@ -55,13 +55,28 @@ ReportContext Context() {
     return c;
 }
 
+// Every zone of the generated office on a packaged rooftop unit with a gas
+// furnace (catalog type 11) and 1 gal of hot water a person a day.
+std::vector<ZoneSystem> Systems(const Building& b) {
+    std::vector<ZoneSystem> s;
+    for (const Zone& z : b.zones) {
+        ZoneSystem sys = SystemOfType(11, 1, 14.0, 0.81, 2.5);
+        sys.fanProfile = z.outdoorAirProfile;
+        sys.hotWaterPerDay = z.floorArea / 20.0 * 0.0037854;
+        s.push_back(sys);
+    }
+    return s;
+}
+
 void BM_EngineAnnualRun(benchmark::State& state) {
     const Building& b = Generated();
     const RunOptions opt = Options();
     for (auto _ : state) {
         const WeatherYear w = SynthesizeWeather(Climate(), MinneapolisSite(), 42);
         const RunResults r = Simulate(b, w, opt);
-        std::string out = SimOutText(b, r, Context());
+        const std::vector<ZoneSystem> systems = Systems(b);
+        const SystemsResults sys = SimulateSystems(b, r, w, opt, systems);
+        std::string out = SimOutText(b, r, sys, systems, Context());
         out += ComfortText(b, r, Context());
         out += WeatherSummaryText(w, Context());
         benchmark::DoNotOptimize(out);
@@ -95,8 +110,10 @@ BENCHMARK(BM_EngineSimulation)->Arg(1)->Arg(4)->Unit(benchmark::kMillisecond);
 void BM_EngineReport(benchmark::State& state) {
     const WeatherYear w = SynthesizeWeather(Climate(), MinneapolisSite(), 42);
     const RunResults r = Simulate(Generated(), w, Options());
+    const std::vector<ZoneSystem> systems = Systems(Generated());
     for (auto _ : state) {
-        std::string out = SimOutText(Generated(), r, Context());
+        const SystemsResults sys = SimulateSystems(Generated(), r, w, Options(), systems);
+        std::string out = SimOutText(Generated(), r, sys, systems, Context());
         out += ComfortText(Generated(), r, Context());
         out += WeatherSummaryText(w, Context());
         benchmark::DoNotOptimize(out);

@@ -106,13 +106,6 @@ int RunEngine(const fs::path& here, const EngineRunOptions& options) {
         ctx.projectName = session.model.ProjectData[kProjName];
         ctx.location = in.location.substr(0, 36);
         zoneCount = static_cast<int>(in.building.zones.size());
-        for (int z = 1; z <= session.model.zones.NumZones; ++z) {
-            const auto& f = session.model.zones.ZoneData[z];
-            if (session.model.zones.ZoneNumber[z].empty()) continue;
-            ctx.coolingSeer.push_back(NumVal(f[27]));
-            const double h = NumVal(f[28]);
-            ctx.heatingEfficiency.push_back(h > 1.5 ? h : (h > 0 ? h : 1.0));
-        }
 
         WeatherYear weather;
         if (ctx.control.weatherType == 0) {
@@ -144,7 +137,8 @@ int RunEngine(const fs::path& here, const EngineRunOptions& options) {
             ctx.si ? ctx.control.comfortUpper : (ctx.control.comfortUpper - 32) / 1.8;
         const RunResults res = Simulate(in.building, weather, opt);
 
-        Write(here / "sim$.out", SimOutText(in.building, res, ctx));
+        const SystemsResults sys = SimulateSystems(in.building, res, weather, opt, in.systems);
+        Write(here / "sim$.out", SimOutText(in.building, res, sys, in.systems, ctx));
         Write(here / "ecalc$.wth", WeatherSummaryText(weather, ctx));
         Write(here / "ecalc$.flt", ComfortText(in.building, res, ctx));
         if (ctx.control.hourlyOutput) {

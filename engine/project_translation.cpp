@@ -16,6 +16,7 @@ constexpr double kWPerBtuh = 1.0 / 3.412141;
 constexpr double kFt2ToM2 = 0.09290304;
 constexpr double kFtToM = 0.3048;
 constexpr double kCfmToM3s = 0.00047194744;
+constexpr double kGallonToM3 = 0.003785411784;
 
 // Numbers of a text, split at blanks and at a minus sign that follows a digit.
 std::vector<double> Numbers(const std::string& text) {
@@ -142,14 +143,13 @@ void NoteUnsimulatedZoneFields(const ProjectModel& m, int z, std::vector<std::st
     const auto& f = m.zones.ZoneData[z];
     std::vector<std::string> names;
     if (NumVal(f[5]) > 0) names.push_back("the people's latent heat");
-    if (NumVal(f[7]) > 0) names.push_back("hot water (HW/person, HW.  Prof)");
     if (IsYes(m.zones.ZoneDaylight[z]))
         names.push_back("daylighting (Daylight, DL Depth, Target FC)");
     if (IsYes(m.zones.ZoneEconCycle[z])) names.push_back("economiser (Econ.Cycle)");
-    if (NumVal(f[20]) > 0)
-        names.push_back("HVAC Type " + NumText(NumVal(f[20])) + " (loads of an ideal system)");
-    if (NumVal(f[21]) > 0) names.push_back("Htg. Type " + NumText(NumVal(f[21])));
-    if (NumVal(f[26]) > 0) names.push_back("fan static pressure (Stat.Pres)");
+    const int hvac = static_cast<int>(NumVal(f[20]));
+    if (hvac < 1 || hvac > 15)
+        names.push_back("HVAC Type " + NumText(NumVal(f[20])) +
+                        " (no such system: its cooling is counted unmet)");
     if (NumVal(f[12]) > 0 || NumVal(f[29]) > 0 || NumVal(f[30]) > 0)
         names.push_back("costs (Cost/sqft, 1st Cost, Maint Cost)");
     if (IsYes(m.zones.ZoneNatVent[z]) && NumVal(f[22]) <= 0)
@@ -343,6 +343,14 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
             cfm = oaValue * people;
         zone.outdoorAirFlow = cfm * kCfmToM3s;
         zone.outdoorAirProfile = profileIndex(kFans, f[17], 0.01, 0);
+        // The zone's plant: catalog type, heating type, its efficiencies and
+        // fan static pressure; service hot water at HW/person gallons a day.
+        ZoneSystem sys =
+            SystemOfType(static_cast<int>(NumVal(f[20])), static_cast<int>(NumVal(f[21])),
+                         NumVal(f[27]), NumVal(f[28]), NumVal(f[26]));
+        sys.fanProfile = zone.outdoorAirProfile;
+        sys.hotWaterPerDay = people * std::max(NumVal(f[7]), 0.0) * kGallonToM3;
+        sys.hotWaterProfile = profileIndex(kHotWater, f[8], 0.01, 0);
         if (!passive) {
             zone.coolingSetpointProfile =
                 runType == 1 ? -1 : profileIndex(kCoolStat, f[18], 1.0 / 1.8, -32.0 / 1.8);
@@ -485,6 +493,7 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
             continue;
         }
         b.zones.push_back(zone);
+        out.systems.push_back(sys);
     }
     return out;
 }

@@ -7,6 +7,7 @@
 
 #include "core/project_model.h"
 #include "engine/building.h"
+#include "engine/hvac_systems.h"
 #include "engine/synthetic_weather.h"
 #include "engine/weather_data.h"
 
@@ -14,10 +15,11 @@ namespace solvane::engine {
 
 struct ProjectRunInputs {
     Building building;
-    Site site;                       // from the climate block
-    MonthlyClimate climate;          // from the climate block
-    std::string location;            // ProjectData [3]
-    std::vector<std::string> notes;  // what was assumed or left out, for Monitor.txt
+    std::vector<ZoneSystem> systems;  // one a zone of `building`
+    Site site;                        // from the climate block
+    MonthlyClimate climate;           // from the climate block
+    std::string location;             // ProjectData [3]
+    std::vector<std::string> notes;   // what was assumed or left out, for Monitor.txt
 };
 
 // Twelve numbers of a climate row (text after its label), blank separated.
@@ -63,10 +65,11 @@ std::vector<LevelHeight> ReadLevelHeights(const std::string& buildingMatrix);
 //   per sq.ft, PA percent of a supply of 1 cfm per sq.ft), natural
 //   ventilation at field 22 cfm per sq.ft when switched on, thermostats in
 //   deg F from the profiles;
-// - every field that this run does not simulate and that is set (hot
-//   water, daylighting, the economiser, the HVAC and heating types, fan
-//   static pressure, costs, diffuse transmission, S/W/B) is named in
-//   `notes` with its zone.
+// - each zone's HVAC and heating types, efficiencies, fan static pressure
+//   and service hot water become its `systems` entry (hvac_systems.h);
+// - every field that this run does not simulate and that is set
+//   (daylighting, the economiser, costs, diffuse transmission, S/W/B, the
+//   people's latent heat) is named in `notes` with its zone.
 // `runType` 4 leaves every zone floating; 1 heats but does not cool.
 ProjectRunInputs TranslateProject(const ProjectModel& model, int runType,
                                   const std::string& buildingMatrix);

@@ -44,6 +44,155 @@ double Temp(double c, bool si) {
     return si ? c : c * 1.8 + 32;
 }
 
+const char* SystemName(const ZoneSystem& s) {
+    switch (s.cooling) {
+        case CoolingPlant::AirCooledDx:
+            return "DX";
+        case CoolingPlant::WaterSourceDx:
+            return "WSHP";
+        case CoolingPlant::WaterChiller:
+            return "CHILLER";
+        case CoolingPlant::Evaporative:
+            return "EVAP";
+        case CoolingPlant::None:
+            break;
+    }
+    return "NONE";
+}
+
+const char* HeaterName(const ZoneSystem& s) {
+    switch (s.heating) {
+        case HeatingPlant::Furnace:
+            return "FURNACE";
+        case HeatingPlant::Boiler:
+            return "BOILER";
+        case HeatingPlant::Electric:
+            return "ELEC.";
+        case HeatingPlant::AirSourceHeatPump:
+            return "AIR HP";
+        case HeatingPlant::WaterSourceHeatPump:
+            return "WATER HP";
+        case HeatingPlant::None:
+            break;
+    }
+    return "NONE";
+}
+
+// VI.: each zone's sized plant and unmet hours, then the end uses by month
+// (electricity in kWh, fuel in the heating unit) and the peak electric
+// demand. Month rows start with a blank so that no reader takes them for
+// the monthly table of III.
+void SystemsSection(LineWriter& out, const Building& b, const RunResults& r,
+                    const SystemsResults& sys, const std::vector<ZoneSystem>& systems,
+                    const ReportContext& c, int firstMonth, int lastMonth) {
+    const bool si = c.si;
+    const double pUnit = si ? 1e-3 : kWToKBtuh;
+    const double eUnit = si ? kWhToGJ : kWhToMBtu;
+    out.Line("VI.  HVAC SYSTEMS, END USES AND PEAK ELECTRIC DEMAND");
+    out.Line();
+    out.Text("    ZONE")
+        .Column(30)
+        .Text("TYPE")
+        .Column(35)
+        .Text("COOLING")
+        .Column(44)
+        .Text("HEATING")
+        .Column(54)
+        .Text(si ? " CLG CAP" : " CLG CAP")
+        .Column(64)
+        .Text(" HTG CAP")
+        .Column(74)
+        .Text(si ? "  AIR L/S" : "  AIR CFM")
+        .Column(85)
+        .Text(" FAN KW")
+        .Column(94)
+        .Text("UNMET CLG H")
+        .Column(107)
+        .Text("UNMET HTG H")
+        .EndLine();
+    out.Column(54).Text(FormatField(si ? "KW" : "KBTUH", "@@@@@@@@"));
+    out.Column(64).Text(FormatField(si ? "KW" : "KBTUH", "@@@@@@@@")).EndLine();
+    out.Line("    " + std::string(114, '-'));
+    for (std::size_t z = 0; z < sys.zones.size() && z < b.zones.size(); ++z) {
+        const ZoneSystemResults& o = sys.zones[z];
+        const ZoneSystem& s = z < systems.size() ? systems[z] : ZoneSystem{};
+        out.Text("    " + (b.zones[z].number.empty() ? r.zones[z].name : b.zones[z].number))
+            .Column(30)
+            .Text(Fixed(s.hvacType, 4, 0))
+            .Column(35)
+            .Text(SystemName(s))
+            .Column(44)
+            .Text(HeaterName(s))
+            .Column(54)
+            .Text(Fixed(o.coolingCapacity * pUnit, 8, 2))
+            .Column(64)
+            .Text(Fixed(o.heatingCapacity * pUnit, 8, 2))
+            .Column(74)
+            .Text(Fixed(o.airFlow * (si ? 1000.0 : 2118.88), 9, 0))
+            .Column(85)
+            .Text(Fixed(o.fanPower / 1000.0, 7, 2))
+            .Column(94)
+            .Text(Fixed(o.unmetCoolingHours, 11, 0))
+            .Column(107)
+            .Text(Fixed(o.unmetHeatingHours, 11, 0))
+            .EndLine();
+    }
+    out.Line();
+    out.Line(std::string("    END USES: ELECTRICITY IN KWH, FUEL IN ") + (si ? "GJ" : "MBTU") +
+             ", PEAK ELECTRIC DEMAND IN KW");
+    const char* head[] = {"HEATING", "COOLING", "FANS", "PUMPS", "LIGHTS", "RECEPT.", "HOT WTR"};
+    out.Text("    MTH");
+    for (int u = 0; u < kEndUseCount; ++u)
+        out.Column(9 + 10 * u).Text(FormatField(head[u], "@@@@@@@@@"));
+    out.Column(79).Text(FormatField("ELEC TOT", "@@@@@@@@@@"));
+    out.Column(90).Text(FormatField("FUEL HTG", "@@@@@@@@@"));
+    out.Column(100).Text(FormatField("FUEL DHW", "@@@@@@@@@"));
+    out.Column(110).Text(FormatField("PEAK KW", "@@@@@@@@@"));
+    out.Column(120).Text("PEAK TIME").EndLine();
+    out.Line("    " + std::string(126, '-'));
+    std::array<double, kEndUseCount> tot{};
+    double totFuelH = 0, totFuelW = 0, peak = 0;
+    int peakHour = -1;
+    auto row = [&](const std::string& name, const std::array<double, kEndUseCount>& e, double fuelH,
+                   double fuelW, double pk, int pkHour) {
+        out.Text(" " + name);
+        double sum = 0;
+        for (int u = 0; u < kEndUseCount; ++u) {
+            out.Column(9 + 10 * u).Text(Fixed(e[u] / 1000.0, 9, 0));
+            sum += e[u];
+        }
+        out.Column(79).Text(Fixed(sum / 1000.0, 10, 0));
+        out.Column(90)
+            .Text(Fixed(fuelH * eUnit, 9, 2))
+            .Column(100)
+            .Text(Fixed(fuelW * eUnit, 9, 2));
+        out.Column(110).Text(Fixed(pk / 1000.0, 9, 1)).Column(120).Text(HourText(pkHour)).EndLine();
+    };
+    for (int m = firstMonth; m <= lastMonth; ++m) {
+        std::array<double, kEndUseCount> e{};
+        for (int u = 0; u < kEndUseCount; ++u) e[u] = sys.electric[u][m], tot[u] += e[u];
+        double fuelAll = 0;
+        for (int u = 0; u < kEndUseCount; ++u) fuelAll += sys.fuel[u][m];
+        const double fuelW = sys.fuel[kUseHotWater][m];
+        totFuelH += fuelAll - fuelW, totFuelW += fuelW;
+        if (sys.peakDemand[m] > peak) peak = sys.peakDemand[m], peakHour = sys.peakDemandHour[m];
+        row(std::string("   ") + kMonthName[m], e, fuelAll - fuelW, fuelW, sys.peakDemand[m],
+            sys.peakDemandHour[m]);
+    }
+    out.Line("    " + std::string(126, '-'));
+    row("   YEAR", tot, totFuelH, totFuelW, peak, peakHour);
+    out.Line();
+    out.Line(
+        "    SOURCE ENERGY: ELECTRICITY x 2.80, NATURAL GAS x 1.05 (ENERGY STAR PORTFOLIO "
+        "MANAGER, 2018)");
+    int unmetC = 0, unmetH = 0;
+    for (const ZoneSystemResults& o : sys.zones)
+        unmetC += o.unmetCoolingHours, unmetH += o.unmetHeatingHours;
+    out.Line("    UNMET LOAD HOURS, ALL ZONES: COOLING " + std::to_string(unmetC) + ", HEATING " +
+             std::to_string(unmetH));
+    out.Line();
+}
+
 }  // namespace
 
 std::string MonitorText(const ReportContext& c, int zoneCount,
@@ -60,7 +209,8 @@ std::string MonitorText(const ReportContext& c, int zoneCount,
     return out.Str();
 }
 
-std::string SimOutText(const Building& b, const RunResults& r, const ReportContext& c) {
+std::string SimOutText(const Building& b, const RunResults& r, const SystemsResults& sys,
+                       const std::vector<ZoneSystem>& systems, const ReportContext& c) {
     LineWriter out;
     const bool si = c.si;
     const double eUnit = si ? kWhToGJ : kWhToMBtu;  // annual energy
@@ -72,21 +222,17 @@ std::string SimOutText(const Building& b, const RunResults& r, const ReportConte
     const double areaUnits = si ? floorArea : floorArea * kM2ToFt2;
 
     // ---- monthly summary -----------------------------------------------------
+    // Heating is the plant's energy (fuel and electricity), cooling the
+    // plant's electricity, both from the systems model.
     std::array<double, 12> heatEnergy{}, coolElec{}, heatLoad{}, coolLoad{}, peakH{}, peakC{};
-    double lights = 0, equipment = 0;
-    for (std::size_t z = 0; z < r.zones.size(); ++z) {
-        const ZoneResults& zr = r.zones[z];
-        const double eff = z < c.heatingEfficiency.size() && c.heatingEfficiency[z] > 0
-                               ? c.heatingEfficiency[z]
-                               : 1.0;
-        const double seer =
-            z < c.coolingSeer.size() && c.coolingSeer[z] > 0 ? c.coolingSeer[z] : 3.412141;
+    for (int m = 0; m < 12; ++m) {
+        heatEnergy[m] = sys.fuel[kUseHeating][m] + sys.electric[kUseHeating][m];
+        coolElec[m] = sys.electric[kUseCooling][m];
+    }
+    for (const ZoneResults& zr : r.zones) {
         for (int m = 0; m < 12; ++m) {
             heatLoad[m] += zr.monthlyHeating[m];
             coolLoad[m] += zr.monthlyCooling[m];
-            heatEnergy[m] += zr.monthlyHeating[m] / eff;
-            // SEER is Btu of cooling per Wh of electricity.
-            coolElec[m] += zr.monthlyCooling[m] * 3.412141 / seer;
         }
         if (!zr.heating.empty()) {
             for (int h = 0; h < kHoursPerYear; ++h) {
@@ -95,19 +241,17 @@ std::string SimOutText(const Building& b, const RunResults& r, const ReportConte
                 peakC[m] = std::max(peakC[m], static_cast<double>(zr.cooling[h]));
             }
         }
-        lights += zr.lightsEnergy;
-        equipment += zr.equipmentEnergy;
     }
     out.Line("III.  MONTHLY ENERGY SUMMARY AND SITE ENERGY");
     out.Line();
-    out.Line("    IDEAL LOADS OF THE CONDITIONED ZONES");
+    out.Line("    ZONE LOADS AND THE ENERGY OF THEIR HVAC SYSTEMS");
     out.Text("    PROJECT AND LOCATION:")
         .Column(89)
         .Text((c.projectName + ", " + c.location).substr(0, 44));
     out.EndLine();
     out.Line(
-        "    HEATING ENERGY IS THE LOAD OVER THE ZONES' HEATING EFFICIENCY; COOLING IS "
-        "ELECTRICITY AT THE ZONES' SEER");
+        "    HEATING: FUEL AND ELECTRICITY OF THE HEATING PLANT; COOLING: ELECTRICITY OF THE "
+        "COOLING PLANT (SECTION VI.)");
     out.Line();
     out.Line("MONTHLY HEATING AND COOLING");
     out.Text("   ").Column(4).Text(FormatField(eName, "@@@@@@@@"));
@@ -150,9 +294,14 @@ std::string SimOutText(const Building& b, const RunResults& r, const ReportConte
     out.Column(41).Text(Fixed(totHL * eUnit, 10, 3));
     out.Column(52).Text(Fixed(totCL * eUnit, 10, 3)).EndLine();
     out.Line();
-    // Site energy by category: heating fuel, cooling, lights, receptacles,
-    // fans, hot water (the last two come with the systems model).
-    const double cat[6] = {totH * eUnit, totC * eUnit, lights * eUnit, equipment * eUnit, 0.0, 0.0};
+    // Site energy by category: heating (fuel and electricity), cooling
+    // with its pumps, lights, receptacles, fans, service hot water.
+    const double cat[6] = {totH * eUnit,
+                           (totC + sys.Electric(kUsePumps)) * eUnit,
+                           sys.Electric(kUseLights) * eUnit,
+                           sys.Electric(kUseReceptacles) * eUnit,
+                           sys.Electric(kUseFans) * eUnit,
+                           (sys.Electric(kUseHotWater) + sys.Fuel(kUseHotWater)) * eUnit};
     out.Text("    ")
         .Column(18)
         .Text("HEATING")
@@ -174,8 +323,10 @@ std::string SimOutText(const Building& b, const RunResults& r, const ReportConte
     double site = 0;
     for (double v : cat) site += v;
     // Source energy with the site-to-source ratios of ENERGY STAR Portfolio
-    // Manager (2018): electricity 2.80, natural gas 1.05 (heating taken as gas).
-    const double source = cat[0] * 1.05 + (cat[1] + cat[2] + cat[3] + cat[4] + cat[5]) * 2.80;
+    // Manager (Technical Reference: Source Energy, 2018): electricity 2.80,
+    // natural gas 1.05.
+    const double siteFuel = sys.TotalFuel() * eUnit;
+    const double source = siteFuel * 1.05 + (site - siteFuel) * 2.80;
     const double perArea = si ? 1000.0 : 1000.0;  // GJ -> MJ, MBtu -> kBtu
     const double siteEui = areaUnits > 0 ? site * perArea / areaUnits : 0;
     const double sourceEui = areaUnits > 0 ? source * perArea / areaUnits : 0;
@@ -349,6 +500,7 @@ std::string SimOutText(const Building& b, const RunResults& r, const ReportConte
         out.Column(32).Text(Fixed(sumC[cd * 24 + h] * pUnit, 10, 2)).EndLine();
     }
     out.Line();
+    SystemsSection(out, b, r, sys, systems, c, firstMonth, lastMonth);
     return out.Str();
 }
 

@@ -12,6 +12,7 @@
 // Monthly table (head line "MONTHLY..."; four lines, then "JAN".."DEC"):
 //   heating energy 4-11, cooling electricity in kWh 31-39; a rule of "="
 //   and the totals line in the same columns.
+// Section VI (after V.): zones' plant, end uses by month, peak demand.
 #pragma once
 
 #include <string>
@@ -19,6 +20,7 @@
 
 #include "engine/building.h"
 #include "engine/control_file.h"
+#include "engine/hvac_systems.h"
 #include "engine/simulation.h"
 #include "engine/weather_data.h"
 
@@ -30,13 +32,13 @@ struct ReportContext {
     bool si = false;
     RunControl control;
     std::string weatherSource;  // one line: what weather was used
-    // Per zone: seasonal efficiencies of the zone record (0 when not given).
-    std::vector<double> coolingSeer, heatingEfficiency;
 };
 
 std::string MonitorText(const ReportContext& c, int zoneCount,
                         const std::vector<std::string>& notes, const std::string& status);
-std::string SimOutText(const Building& b, const RunResults& r, const ReportContext& c);
+// Sections III to VI; the energy comes from the systems model.
+std::string SimOutText(const Building& b, const RunResults& r, const SystemsResults& sys,
+                       const std::vector<ZoneSystem>& systems, const ReportContext& c);
 std::string WeatherSummaryText(const WeatherYear& w, const ReportContext& c);
 std::string ComfortText(const Building& b, const RunResults& r, const ReportContext& c);
 // Hourly files as comma-separated tables: loads, zone temperatures, weather.

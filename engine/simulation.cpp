@@ -392,6 +392,8 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
             zr.airTemperature.assign(kHoursPerYear, 0.0f);
             zr.heating.assign(kHoursPerYear, 0.0f);
             zr.cooling.assign(kHoursPerYear, 0.0f);
+            zr.lights.assign(kHoursPerYear, 0.0f);
+            zr.equipment.assign(kHoursPerYear, 0.0f);
         }
         zr.monthlyMaxTemperature.fill(-1e9);
         zr.monthlyMinTemperature.fill(1e9);
@@ -591,6 +593,10 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 zr.balanceResidual += std::abs(hIn - hOut - hStored);
                 if (skipped) continue;
                 zr.heatingEnergy += hourQh;
+                if (opt.keepHourly) {
+                    zr.lights[hi] = static_cast<float>(lights);
+                    zr.equipment[hi] = static_cast<float>(equip);
+                }
                 zr.lightsEnergy += lights;
                 zr.equipmentEnergy += equip;
                 zr.coolingEnergy += hourQc;

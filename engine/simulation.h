@@ -76,6 +76,9 @@ struct ZoneResults {
     // Hourly series (hour ending 1 a.m. 1 January first): mean air
     // temperature (C) and mean heating and cooling loads (W) of the hour.
     std::vector<float> airTemperature, heating, cooling;
+    // Hourly electricity of the lights and receptacles (W, the hour's mean;
+    // 0 in hours not counted).
+    std::vector<float> lights, equipment;
     double heatingEnergy = 0, coolingEnergy = 0;                // Wh over the run
     double lightsEnergy = 0, equipmentEnergy = 0;               // Wh over the run
     std::array<double, 12> monthlyHeating{}, monthlyCooling{};  // Wh

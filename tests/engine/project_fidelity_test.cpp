@@ -373,12 +373,20 @@ TEST(ProjectFields, OutdoorAirFollowsTheFanProfile) {
 
 TEST(ProjectFields, FieldsNotSimulatedAreNamedWithTheirZone) {
     const ProjectRunInputs plain = Case600(3, [](ProjectModel& m, std::string&) {
-        m.zones.ZoneData[1][20] = "0";
-        m.zones.ZoneData[1][21] = "0";
         for (int s = 1; s <= 6; ++s) m.surfaces.SurfSWB[1][s] = "";
     });
     EXPECT_TRUE(plain.notes.empty());
+    // A system number outside the catalog is named: its cooling goes unmet.
+    const ProjectRunInputs none = Case600(3, [](ProjectModel& m, std::string&) {
+        m.zones.ZoneData[1][20] = "0";
+        for (int s = 1; s <= 6; ++s) m.surfaces.SurfSWB[1][s] = "";
+    });
+    ASSERT_EQ(none.notes.size(), 1u);
+    EXPECT_NE(none.notes[0].find("HVAC Type 0 (no such system"), std::string::npos)
+        << none.notes[0];
+    EXPECT_EQ(none.systems[0].cooling, CoolingPlant::None);
     const ProjectRunInputs in = Case600(3, [](ProjectModel& m, std::string&) {
+        m.zones.ZoneData[1][5] = "3";
         m.zones.ZoneData[1][7] = "2";
         m.zones.ZoneDaylight[1] = "Yes";
         m.zones.ZoneEconCycle[1] = " Yes";
@@ -389,9 +397,15 @@ TEST(ProjectFields, FieldsNotSimulatedAreNamedWithTheirZone) {
     ASSERT_EQ(in.notes.size(), 1u);
     const std::string& n = in.notes[0];
     EXPECT_EQ(n.rfind("Zone 1-1: not simulated in this run: ", 0), 0u) << n;
-    for (const char* w : {"hot water", "daylighting", "economiser", "HVAC Type 1", "Htg. Type 1",
-                          "no rate", "DiffTrans", "S/W/B"})
+    for (const char* w : {"daylighting", "economiser", "no rate", "DiffTrans", "S/W/B"})
         EXPECT_NE(n.find(w), std::string::npos) << w << " in " << n;
+    // Hot water and the HVAC and heating types are simulated (the zone's system).
+    for (const char* w : {"hot water", "HVAC Type", "Htg. Type"})
+        EXPECT_EQ(n.find(w), std::string::npos) << w << " in " << n;
+    ASSERT_EQ(in.systems.size(), in.building.zones.size());
+    EXPECT_EQ(in.systems[0].cooling, CoolingPlant::WaterChiller);
+    EXPECT_EQ(in.systems[0].heating, HeatingPlant::Boiler);
+    EXPECT_NEAR(in.systems[0].hotWaterPerDay, 3 * 2 * 0.003785412, 1e-6);  // 2 gal a person
 
     // Surface figures the engine cannot take as they stand.
     const ProjectRunInputs odd = Case600(3, [](ProjectModel& m, std::string&) {

@@ -1,0 +1,146 @@
+// The zones' HVAC plant, service hot water and the building's end uses,
+// computed hour by hour from the zone loads of the heat balance.
+//
+// Method. Each zone's hourly heating and cooling loads (the ideal system of
+// simulation.h) are met by the plant of its HVAC system type; the plant's
+// energy follows from its rated efficiency corrected for the outdoor
+// conditions and the part-load ratio by the curve sets named in
+// hvac_systems.cpp:
+// - packaged and split DX (air-cooled): DOE-2 capacity and EIR biquadratics
+//   of coil wet bulb and outdoor dry bulb, cycling loss 0.85 + 0.15 PLR;
+// - water-cooled centrifugal chiller: DOE-2 capacity and EIR of leaving
+//   chilled water and entering condenser water (outdoor wet bulb plus the
+//   tower's approach), EIR of part load; pumps for chilled and condenser water;
+// - air-source heat pump heating: DOE-2 capacity and EIR cubics of the
+//   outdoor dry bulb, electric resistance for what the compressor cannot
+//   give and below its cut-out;
+// - furnace and boiler: rated efficiency with the DOE-2 heat-input ratio of
+//   part load; hot-water pumps for the boiler;
+// - fans: air flow sized from the zone's peak, power = flow x static
+//   pressure / total efficiency; constant volume while the fan profile runs
+//   (and cycling with the load outside it); the variable-volume systems
+//   follow the part-load fan curve of ASHRAE 90.1-2019 G3.1.3.15.
+// Sizing: rated capacities are the zone's peak hourly load over the year
+// times 1.15 (cooling) and 1.25 (heating), after ASHRAE 90.1-2019
+// G3.1.2.2, at the outdoor conditions of the peak hour. Load the sized
+// plant cannot meet is counted as unmet (hours and energy); the zone
+// temperatures stay those of the ideal system.
+// Moisture is not simulated: the DX coil's entering wet bulb is held at
+// the rating 19.4 C (67 F) and latent loads are not counted.
+#pragma once
+
+#include <array>
+#include <vector>
+
+#include "engine/building.h"
+#include "engine/simulation.h"
+#include "engine/weather_data.h"
+
+namespace solvane::engine {
+
+enum class CoolingPlant { None, AirCooledDx, WaterSourceDx, WaterChiller, Evaporative };
+enum class HeatingPlant { None, Furnace, Boiler, Electric, AirSourceHeatPump, WaterSourceHeatPump };
+
+enum class Rating { Cop, Seer, Eer, Hspf, Cop47 };
+
+// One zone's system as the project gives it.
+struct ZoneSystem {
+    int hvacType = 0;  // 1..15 of the catalog, 0 none
+    CoolingPlant cooling = CoolingPlant::None;
+    HeatingPlant heating = HeatingPlant::None;
+    // Rated efficiencies in the form the catalog states them; the COPs
+    // without fan power follow at sizing (CopFromSeer and the others).
+    double coolingRating = 3.0;
+    Rating coolingRatingKind = Rating::Cop;
+    double heatingRating = 1.0;  // furnace, boiler or resistance: the efficiency
+    Rating heatingRatingKind = Rating::Cop;
+    bool variableVolume = false;
+    double staticPressure = 0;        // Pa
+    double fanEfficiency = 0.55;      // total, fan times motor
+    double supplyTemperature = 12.8;  // C, cooling
+    int fanProfile = -1;              // index into Building::profiles; -1 always on
+    // Service hot water: the zone's people times their use per day, an
+    // average day of the week: the profile shapes the hours and the days.
+    double hotWaterPerDay = 0;         // m3
+    int hotWaterProfile = -1;          // -1 even
+    bool electricWaterHeater = false;  // else gas
+};
+
+// The system of a catalog type (1..15) with its heating type (1 fuel, 2
+// electric, 3 heat pump), its seasonal cooling figure in Btu/Wh as the
+// catalog states it (SEER, EER or IEER by the type; the chillers' and the
+// evaporative cooler's COP times 3.412), heating efficiency (a COP for a
+// heat pump: the HSPF over 3.412 for the small air-source types) and fan
+// static pressure (in. w.c.).
+ZoneSystem SystemOfType(int hvacType, int heatingType, double coolingFigure,
+                        double heatingEfficiency, double staticPressureInches);
+
+// Rated COP without fan power from SEER, for a unit below 65,000 Btu/h
+// (ASHRAE 90.1-2016 G3.1.2.1): -0.0076 S^2 + 0.3796 S.
+double CopFromSeer(double seer);
+// The same from EER for a unit of capacity q (Btu/h): 7.84e-8 EER q + 0.338 EER.
+// Heating, from HSPF: -0.0296 H^2 + 0.7134 H; from the COP at 47 F: 1.48e-7 COP q + 1.062 COP.
+double CopFromEer(double eer, double capacityBtuh);
+double HeatingCopFromHspf(double hspf);
+double HeatingCopFromCop47(double cop47, double capacityBtuh);
+
+// Part-load and outdoor corrections (ratios to the rated figure).
+double DxCapacityRatio(double coilWetBulb, double outdoorDryBulb);
+double DxEirRatio(double coilWetBulb, double outdoorDryBulb);
+double DxPartLoadFactor(double plr);  // fraction of the run time the output is delivered
+double ChillerCapacityRatio(double leavingChilledWater, double enteringCondenserWater);
+double ChillerEirRatio(double leavingChilledWater, double enteringCondenserWater);
+double ChillerPartLoadPower(double plr);  // fraction of full-load power
+double HeatPumpCapacityRatio(double outdoorDryBulb);
+double HeatPumpEirRatio(double outdoorDryBulb);
+double FurnacePartLoadInput(double plr);  // fraction of full-load fuel
+double BoilerPartLoadInput(double plr);
+double VariableVolumeFanPower(double flowFraction);  // fraction of design power
+
+// Outdoor wet bulb (C) from dry bulb (C) and relative humidity (percent),
+// Stull (2011).
+double WetBulb(double dryBulb, double relativeHumidity);
+// Cold-water mains temperature (C) on a day of the year from the annual
+// mean outdoor temperature and the spread of the monthly means (K), Burch &
+// Christensen (2007).
+double MainsTemperature(double annualMean, double monthlySpread, int dayOfYear, double latitude);
+
+enum EndUse : int {
+    kUseHeating = 0,
+    kUseCooling,
+    kUseFans,
+    kUsePumps,
+    kUseLights,
+    kUseReceptacles,
+    kUseHotWater,
+    kEndUseCount
+};
+
+struct ZoneSystemResults {
+    double coolingCapacity = 0, heatingCapacity = 0;  // W, rated
+    double airFlow = 0, fanPower = 0;                 // m3/s, W at design flow
+    int unmetCoolingHours = 0, unmetHeatingHours = 0;
+    double unmetCooling = 0, unmetHeating = 0;  // Wh
+    double hotWaterVolume = 0;                  // m3 over the run
+};
+
+struct SystemsResults {
+    // Energy by end use and month, Wh of electricity and of fuel.
+    std::array<std::array<double, 12>, kEndUseCount> electric{}, fuel{};
+    std::array<double, 12> peakDemand{};  // W, the hour's mean electric power
+    std::array<int, 12> peakDemandHour{};
+    std::vector<ZoneSystemResults> zones;
+
+    double Electric(int use) const;
+    double Fuel(int use) const;
+    double TotalElectric() const;
+    double TotalFuel() const;
+};
+
+// Needs the hourly series of `run` (RunOptions::keepHourly). `systems` has
+// one entry per zone of the building.
+SystemsResults SimulateSystems(const Building& building, const RunResults& run,
+                               const WeatherYear& weather, const RunOptions& options,
+                               const std::vector<ZoneSystem>& systems);
+
+}  // namespace solvane::engine
