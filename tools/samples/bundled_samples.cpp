@@ -72,7 +72,8 @@ SampleSpec PrimarySchool() {
 SampleSpec RetailStore() {
     SampleSpec s;
     s.fileName = "Retail Store [I-P].inp";
-    s.description = "One-storey store of 9600 sq.ft in a hot dry climate, Phoenix, 90.1-2010";
+    s.description =
+        "One-storey retail store of 9600 sq.ft in a hot dry climate, Phoenix, 90.1-2010";
     s.units = 1;
     s.code2010 = true;
     s.region = 1;
@@ -95,7 +96,7 @@ SampleSpec RetailStore() {
 SampleSpec House() {
     SampleSpec s;
     s.fileName = "Single-Family House [two levels, I-P].inp";
-    s.description = "Two-storey house of 3000 sq.ft, Atlanta, 90.1-2019";
+    s.description = "Two-storey single-family house of 3000 sq.ft, Atlanta, 90.1-2019";
     s.units = 1;
     s.region = 1;
     s.state = "Georgia";
