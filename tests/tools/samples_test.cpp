@@ -17,6 +17,8 @@
 #include "tools/samples/sample_builder.h"
 #include "ui/raster_canvas.h"
 #include "ui/scripted_prompt.h"
+#include "zones/zone_form.h"
+#include "zones/zone_list.h"
 
 namespace solvane {
 namespace {
@@ -112,6 +114,29 @@ TEST_F(BundledSamples, ZonesComeFromTheirDrawingAndFilesSaveAsTheyRead) {
         ASSERT_NO_FATAL_FAILURE(Open(again, Text(first), first));
         ASSERT_TRUE(WriteProjectFileTo(again, prompt_, second, false));
         EXPECT_EQ(Text(first), Text(second));
+    }
+}
+
+// A user who opens a sample and looks at every zone, pressing OK on each,
+// changes nothing: the zone screen takes each surface as the file has it.
+TEST_F(BundledSamples, OkOnEveryZoneChangesNothing) {
+    for (const fs::path& file : SampleFiles()) {
+        SCOPED_TRACE(file.filename().string());
+        Session s;
+        ASSERT_NO_FATAL_FAILURE(Open(s, Text(file), file));
+        const fs::path before = folder_.Dir() / "before.inp", after = folder_.Dir() / "after.inp";
+        ASSERT_TRUE(WriteProjectFileTo(s, prompt_, before, false));
+        s.availableScreens.insert(Screen::ZoneForm);
+        ZoneListController list(s, prompt_);
+        ZoneFormController form(s, prompt_);
+        list.Fill();
+        for (int z = 1; z <= s.model.zones.NumZones; ++z) {
+            ASSERT_TRUE(list.Pick(z));
+            ASSERT_TRUE(form.ShowZone(list.PickedZone));
+            ASSERT_TRUE(form.Ok()) << s.model.zones.ZoneName[z];
+        }
+        ASSERT_TRUE(WriteProjectFileTo(s, prompt_, after, false));
+        EXPECT_EQ(Text(before), Text(after));
     }
 }
 
