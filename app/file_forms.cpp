@@ -113,12 +113,21 @@ SampleFileFormScreen::SampleFileFormScreen(SampleFileFormController& controller,
     files_ = new QListWidget;
     files_->setObjectName("File1");
     layout->addWidget(files_);
+    description_ = new QLabel;
+    description_->setObjectName("Description");
+    description_->setWordWrap(true);
+    layout->addWidget(description_);
     auto* box = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
     box->button(QDialogButtonBox::Ok)->setObjectName("OK");
     box->button(QDialogButtonBox::Cancel)->setObjectName("Cancel");
     layout->addWidget(box);
-    connect(files_, &QListWidget::currentRowChanged, this,
-            [this](int row) { controller_.selected = row; });
+    connect(files_, &QListWidget::currentRowChanged, this, [this](int row) {
+        controller_.selected = row;
+        const auto& d = controller_.Descriptions;
+        description_->setText(row >= 0 && row < static_cast<int>(d.size())
+                                  ? QString::fromStdString(d[static_cast<std::size_t>(row)])
+                                  : QString());
+    });
     auto ok = [this] {
         hide();
         const Navigation nav = controller_.Ok();
@@ -137,7 +146,12 @@ SampleFileFormScreen::SampleFileFormScreen(SampleFileFormController& controller,
 void SampleFileFormScreen::Open() {
     controller_.Show();
     files_->clear();
-    for (const auto& name : controller_.File1) files_->addItem(QString::fromStdString(name));
+    for (std::size_t i = 0; i < controller_.File1.size(); ++i) {
+        files_->addItem(QString::fromStdString(controller_.File1[i]));
+        if (i < controller_.Descriptions.size())
+            files_->item(static_cast<int>(i))
+                ->setToolTip(QString::fromStdString(controller_.Descriptions[i]));
+    }
     if (!controller_.File1.empty()) files_->setCurrentRow(0);
     show();
     raise();

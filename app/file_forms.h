@@ -10,6 +10,7 @@
 
 #include "projectfile/file_dialogs.h"
 
+class QLabel;
 class QLineEdit;
 class QListWidget;
 class QRadioButton;
@@ -67,6 +68,7 @@ class SampleFileFormScreen : public QDialog {
     SampleFileFormController& controller_;
     Navigate navigate_;
     QListWidget* files_;
+    QLabel* description_;  // the selected sample's project description
 };
 
 class SaveInputFormScreen : public ProjectFileDialog {

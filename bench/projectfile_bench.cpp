@@ -24,7 +24,7 @@ struct Sample {
         fs::create_directories(root / "temp");
         fs::create_directories(root / "sketch");
         text = *solvane::ReadTextFile(fs::path(SOLVANE_SOURCE_DIR) / "data" / "sample" /
-                                      "Office [two levels, I-P].inp");
+                                      "Small Office [two levels, I-P].inp");
     }
     ~Sample() {
         std::error_code ec;

@@ -406,8 +406,24 @@ void SampleFileFormController::Show() {
     samples.ChangeFolder(session_.paths.Resolve("\\sample").string());
     Files = samples.File1;
     File1.clear();
-    for (const std::string& f : Files) File1.push_back(SampleDisplayName(f));
+    Descriptions.clear();
+    const fs::path folder = session_.paths.Resolve("\\sample");
+    for (const std::string& f : Files) {
+        File1.push_back(SampleDisplayName(f));
+        Descriptions.push_back(ProjectDescriptionOf(folder / f));
+    }
     selected = Files.empty() ? -1 : 0;
+}
+
+// The description is the fourth line of the file; only the head is read.
+std::string ProjectDescriptionOf(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    std::string line;
+    for (int n = 1; n <= 4 && std::getline(in, line); ++n) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        if (n == 4 && line.rfind("Proj.Desc ", 0) == 0) return line.substr(10);
+    }
+    return {};
 }
 
 Navigation SampleFileFormController::Ok() {

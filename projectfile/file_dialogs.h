@@ -33,6 +33,9 @@ std::string OpenExtension(const std::string& path);
 std::string SaveExtension(const std::string& path);
 // A sample's name as the list shows it: the text between "[" and "]" dropped.
 std::string SampleDisplayName(const std::string& fileName);
+// The project description of a project file (its "Proj.Desc " line), empty
+// when the file cannot be read or has none.
+std::string ProjectDescriptionOf(const std::filesystem::path& file);
 // The hourly result files kept beside a project and their working copies.
 struct HourlyCopy {
     std::filesystem::path kept, working;
@@ -123,8 +126,9 @@ class SampleFileFormController {
   public:
     SampleFileFormController(Session& session, Prompt& prompt, ProjectFileHooks hooks = {});
 
-    std::vector<std::string> File1;  // names as shown
-    std::vector<std::string> Files;  // the files behind them
+    std::vector<std::string> File1;         // names as shown
+    std::vector<std::string> Files;         // the files behind them
+    std::vector<std::string> Descriptions;  // each file's project description
     int selected = -1;
 
     void Show();  // lists \sample\*.inp

@@ -7,4 +7,4 @@ cd "$(dirname "$0")/.."
 scripts/install-deps.sh
 cmake --preset release
 cmake --build --preset release
-build/release/solvane/solvane-cli run "build/release/solvane/sample/Office [two levels, I-P].inp"
+build/release/solvane/solvane-cli run "build/release/solvane/sample/Small Office [two levels, I-P].inp"

@@ -225,15 +225,17 @@ TEST_F(AppShellTest, OpenASampleSaveItInTheOtherUnitsAndOpenThatFile) {
     QWidget* samples = shell_->sampleFileForm();
     ASSERT_TRUE(samples->isVisible());
     auto* list = Find<QListWidget>(samples, "File1");
-    ASSERT_EQ(list->count(), 2);
-    EXPECT_EQ(list->item(0)->text(), "Office .inp");
-    list->setCurrentRow(0);
+    ASSERT_EQ(list->count(), 6);
+    EXPECT_EQ(list->item(4)->text(), "Small Office .inp");
+    list->setCurrentRow(4);
+    EXPECT_EQ(Find<QLabel>(samples, "Description")->text().toStdString(),
+              "Two-storey office of 12000 sq.ft, Chicago, 90.1-2019");
     Find<QAbstractButton>(samples, "OK")->click();
     EXPECT_FALSE(samples->isVisible());
     EXPECT_TRUE(hub->isVisible());
     EXPECT_EQ(prompt_.asked.back().title, "Sample Project Retrieved");
     const ProjectModel& m = shell_->session().model;
-    EXPECT_EQ(m.ProjectData[kProjName], "Test Office");
+    EXPECT_EQ(m.ProjectData[kProjName], "Lakeview Office");
     EXPECT_GT(m.zones.NumZones, 0);
     EXPECT_EQ(Find<QLabel>(hub, "Label8")->text().left(10), "90.1-2019 ");
 
@@ -263,7 +265,7 @@ TEST_F(AppShellTest, OpenASampleSaveItInTheOtherUnitsAndOpenThatFile) {
     EXPECT_FALSE(open->isVisible());
     EXPECT_EQ(prompt_.asked.back().title, "Project Retrieved");
     EXPECT_EQ(shell_->session().model.session.Units, 2);
-    EXPECT_EQ(shell_->session().model.ProjectData[kProjName], "Test Office");
+    EXPECT_EQ(shell_->session().model.ProjectData[kProjName], "Lakeview Office");
 }
 
 }  // namespace

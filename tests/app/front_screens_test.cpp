@@ -115,19 +115,19 @@ TEST_F(FrontScreens, EscapeAndTheCloseBoxOfADialogReturnToTheHub) {
 
 TEST_F(FrontScreens, WeatherScreenOpensOnTheProjectsOwnStateAndCity) {
     Begin();
-    OpenSample(1);  // the store in Miami, Florida
-    ASSERT_EQ(model().ProjectData[kLocation].rfind("Miami Intl AP, Florida", 0), 0u);
+    OpenSample(2);  // the store in Phoenix, Arizona
+    ASSERT_EQ(model().ProjectData[kLocation].rfind("Phoenix Sky Harbor Intl AP, Arizona", 0), 0u);
     Find<QAbstractButton>(shell_->mainmenu(), "weatherdata")->click();
     QWidget* weather = shell_->weather();
     ASSERT_TRUE(weather->isVisible());
     EXPECT_TRUE(Find<QRadioButton>(weather, "Option1_0")->isChecked());
-    EXPECT_EQ(Find<QLineEdit>(weather, "sttext")->text(), "Florida");
-    EXPECT_EQ(Find<QComboBox>(weather, "Combo1")->currentText(), "Florida");
-    EXPECT_EQ(Find<QLineEdit>(weather, "citytext")->text(), "Miami Intl AP");
-    EXPECT_EQ(Find<QComboBox>(weather, "Combo3")->currentText(), "Miami Intl AP");
+    EXPECT_EQ(Find<QLineEdit>(weather, "sttext")->text(), "Arizona");
+    EXPECT_EQ(Find<QComboBox>(weather, "Combo1")->currentText(), "Arizona");
+    EXPECT_EQ(Find<QLineEdit>(weather, "citytext")->text(), "Phoenix Sky Harbor Intl AP");
+    EXPECT_EQ(Find<QComboBox>(weather, "Combo3")->currentText(), "Phoenix Sky Harbor Intl AP");
 
     Find<QAbstractButton>(weather, "OK")->click();
-    EXPECT_EQ(model().ProjectData[kLocation].rfind("Miami Intl AP, Florida ", 0), 0u)
+    EXPECT_EQ(model().ProjectData[kLocation].rfind("Phoenix Sky Harbor Intl AP, Arizona ", 0), 0u)
         << model().ProjectData[kLocation];
     EXPECT_EQ(model().session.ClimateZone.rfind("1", 0), 0u) << model().session.ClimateZone;
 }
@@ -216,17 +216,17 @@ TEST_F(FrontScreens, NewThenSaveAndExitNeverWritesAnIncompleteProject) {
 // weather task is open again.
 TEST_F(FrontScreens, AProjectWithoutAClimateZoneOpensWithAMessage) {
     Begin();
-    std::string text = FileText(root_ / "sample" / "Office [two levels, I-P].inp");
-    const std::size_t zone = text.find("CLzone=  7");
+    std::string text = FileText(root_ / "sample" / "Small Office [two levels, I-P].inp");
+    const std::size_t zone = text.find("CLzone=  5 A");
     ASSERT_NE(zone, std::string::npos);
-    text.replace(zone, 10, "CLzone=  0");
+    text.replace(zone, 12, "CLzone=  0");
     const fs::path file = root_ / "no-zone.inp";
     std::ofstream(file, std::ios::binary) << text;
     OpenFile(file);
     EXPECT_FALSE(Asked(prompt_, "Surprise"));
     EXPECT_TRUE(Asked(prompt_, "No climate zone"));
     EXPECT_FALSE(shell_->ended());
-    EXPECT_EQ(model().ProjectData[kProjName], "Test Office");
+    EXPECT_EQ(model().ProjectData[kProjName], "Lakeview Office");
     EXPECT_EQ(model().flags.TaskDone[2], 0);
     EXPECT_TRUE(Find<QWidget>(shell_->mainmenu(), "weatherdata")->isEnabled());
 }
@@ -435,7 +435,7 @@ TEST_F(FrontScreens, FileDialogsStartInTheProjectsFolderOrTheLastOneUsed) {
     // A project opened from a folder of the user's: the next dialog starts there.
     const fs::path work = root_ / "work";
     fs::create_directories(work);
-    fs::copy_file(root_ / "sample" / "Retail Store [SI].inp", work / "store.inp");
+    fs::copy_file(root_ / "sample" / "Retail Store [I-P].inp", work / "store.inp");
     OpenFile(work / "store.inp");
     EXPECT_EQ(prompt_.asked.back().title, "Project Retrieved");
     Find<QAction>(hub, "saveinput")->trigger();

@@ -310,15 +310,21 @@ TEST_F(DialogTest, SampleListDropsTheBracketsAndOpens) {
     form.Ok();
     fs::copy_file(projects_ / "proj.inp", folder_->Root() / "sample" / "Office [two levels].inp");
     Touch(folder_->Root() / "sample" / "notes.txt");
+    // A file that is too short to hold a description is listed without one.
+    Touch(folder_->Root() / "sample" / "Stub.inp");
 
     Session other;
     other.paths = session_.paths;
     ScriptedPrompt prompt;
     SampleFileFormController samples(other, prompt, test::TitleHooks());
     samples.Show();
-    ASSERT_EQ(samples.File1.size(), 1u);
+    ASSERT_EQ(samples.File1.size(), 2u);
     EXPECT_EQ(samples.File1[0], "Office .inp");
     EXPECT_EQ(samples.Files[0], "Office [two levels].inp");
+    ASSERT_EQ(samples.Descriptions.size(), 2u);
+    EXPECT_EQ(samples.Descriptions[0], session_.model.ProjectData[kProjDesc]);
+    EXPECT_FALSE(samples.Descriptions[0].empty());
+    EXPECT_EQ(samples.Descriptions[1], "");
     EXPECT_EQ(samples.Ok().show, Screen::MainMenu);
     EXPECT_EQ(prompt.asked.back().title, "Sample Project Retrieved");
     EXPECT_EQ(other.model.zones.NumZones, 3);

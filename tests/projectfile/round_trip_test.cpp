@@ -175,9 +175,9 @@ TEST_F(RoundTripTest, SampleProjectsReadAndWriteTheSameBytes) {
         s.paths = session_.paths;
         test::ReadInto(s, *text);
         EXPECT_GT(s.model.zones.NumZones, 0);
-        EXPECT_EQ(test::WholeFile(s), *text);
+        test::ExpectWrittenAsRead(test::WholeFile(s), *text);
     }
-    EXPECT_GE(count, 2);
+    EXPECT_GE(count, 6);
 }
 
 }  // namespace

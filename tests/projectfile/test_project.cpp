@@ -314,4 +314,15 @@ int FindLine(const std::string& text, const std::string& line, int from) {
     return -1;
 }
 
+void ExpectWrittenAsRead(const std::string& written, const std::string& read) {
+    const auto out = SplitLines(written), in = SplitLines(read);
+    ASSERT_EQ(out.size(), in.size());
+    for (std::size_t i = 0; i < in.size(); ++i) {
+        if (in[i].rfind("WEATHER   CLzone=", 0) == 0)
+            EXPECT_EQ(out[i], in[i].substr(0, 20));
+        else
+            EXPECT_EQ(out[i], in[i]) << "line " << i + 1;
+    }
+}
+
 }  // namespace solvane::test

@@ -41,6 +41,11 @@ std::string WholeFile(Session& session);
 // Reads `text` into `session` with TitleHooks; fails the test on an error.
 void ReadInto(Session& session, const std::string& text);
 
+// A project written back after reading `read` is the same text line for line,
+// but for the climate zone, of which the reader keeps the number alone
+// ("5 A" comes back as "5").
+void ExpectWrittenAsRead(const std::string& written, const std::string& read);
+
 // The lines of a file text.
 std::string LineAt(const std::string& text, int index);  // 0-based
 int FindLine(const std::string& text, const std::string& line, int from = 0);
