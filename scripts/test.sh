@@ -9,4 +9,6 @@ preset="${SOLVANE_TEST_PRESET:-release}"
 cmake --preset "$preset" >/dev/null
 cmake --build --preset "$preset"
 export QT_QPA_PLATFORM=offscreen
+# Leaks of system libraries are not ours to fix (sanitizer builds only).
+export LSAN_OPTIONS="${LSAN_OPTIONS:-suppressions=$PWD/tests/sanitizers/lsan.supp}"
 ctest --preset "$preset" --output-on-failure -j2
