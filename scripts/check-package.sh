@@ -41,7 +41,7 @@ export HOME="$root/home" XDG_DATA_HOME="$root/home/.local/share"
 mkdir -p "$HOME"
 "$root/usr/bin/solvane-cli" check
 "$root/usr/bin/solvane-cli" --repeat-weather run \
-    "$root/usr/share/solvane/sample/Office [two levels, I-P].inp" | tail -3
+    "$root/usr/share/solvane/sample/Small Office [two levels, I-P].inp" | tail -3
 
 # As a user who may not write in the installed program folder: the program
 # works in its own copy of it, and the engine is found in /usr/bin.
@@ -52,7 +52,7 @@ if [ "$(id -u)" = 0 ] && command -v setpriv >/dev/null; then
     setpriv --reuid=65534 --regid=65534 --clear-groups \
         env HOME="$user_home" XDG_DATA_HOME="$user_home/.local/share" \
         "$root/usr/bin/solvane-cli" --repeat-weather run \
-        "$root/usr/share/solvane/sample/Retail Store [SI].inp" | tail -1
+        "$root/usr/share/solvane/sample/Primary School [SI].inp" | tail -1
     [ -f "$user_home/.local/share/solvane/temp/sim\$.out" ] || fail "no per-user program folder"
 fi
 

@@ -42,7 +42,7 @@ std::string RunSample(const std::string& sample, const std::string& begin = "1-J
 }
 
 const std::string& OfficeYear() {
-    static const std::string out = RunSample("Office [two levels, I-P].inp");
+    static const std::string out = RunSample("Small Office [two levels, I-P].inp");
     return out;
 }
 
@@ -111,7 +111,7 @@ TEST(ResultsReader, MonthlyEnergyAndStartMonth) {
     EXPECT_GT(year.table->totalCoolingKwh, 0);
 
     // A run from April fills April onward only.
-    const auto spring = ReadMonthlyEnergy(RunSample("Office [two levels, I-P].inp", "1-Apr"));
+    const auto spring = ReadMonthlyEnergy(RunSample("Small Office [two levels, I-P].inp", "1-Apr"));
     ASSERT_TRUE(spring) << spring.error;
     EXPECT_EQ(spring.table->startMonth, 3);
     EXPECT_FALSE(spring.table->heating[2]);

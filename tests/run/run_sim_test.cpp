@@ -54,7 +54,7 @@ class RunSimTest : public ::testing::Test {
 };
 
 TEST_F(RunSimTest, ControlFileFromTheScreen) {
-    Load("Office [two levels, I-P].inp");
+    Load("Small Office [two levels, I-P].inp");
     UseEngine("#!/bin/sh\nexit 0\n");
     RunSimController c = Controller();
     c.OpenRun();
@@ -98,7 +98,7 @@ TEST_F(RunSimTest, ControlFileFromTheScreen) {
 }
 
 TEST_F(RunSimTest, SeedRepeatsOnlyWhenAsked) {
-    Load("Office [two levels, I-P].inp");
+    Load("Small Office [two levels, I-P].inp");
     UseEngine("#!/bin/sh\nexit 0\n");
     std::vector<std::string> heads;
     for (int repeat : {1, 1, 0}) {
@@ -116,7 +116,7 @@ TEST_F(RunSimTest, SeedRepeatsOnlyWhenAsked) {
 }
 
 TEST_F(RunSimTest, SiProjectSendsImperialToTheEngine) {
-    Load("Retail Store [SI].inp");
+    Load("Primary School [SI].inp");
     UseEngine("#!/bin/sh\nexit 0\n");
     RunSimController c = Controller();
     c.OpenRun();
@@ -136,7 +136,7 @@ TEST_F(RunSimTest, SiProjectSendsImperialToTheEngine) {
 }
 
 TEST_F(RunSimTest, BadDatesAndMissingRecordedFileStopBeforeTheEngine) {
-    Load("Office [two levels, I-P].inp");
+    Load("Small Office [two levels, I-P].inp");
     UseEngine("#!/bin/sh\ntouch started\nexit 0\n");
     const ProjectModel before = session_.model;
     RunSimController c = Controller();
@@ -160,7 +160,7 @@ TEST_F(RunSimTest, BadDatesAndMissingRecordedFileStopBeforeTheEngine) {
 }
 
 TEST_F(RunSimTest, CancelEndsAHungEngineAndPutsEverythingBack) {
-    Load("Office [two levels, I-P].inp");
+    Load("Small Office [two levels, I-P].inp");
     UseEngine("#!/bin/sh\ntrap '' TERM\nwhile :; do sleep 1; done\n");
     WriteFileAtomic(root_ / "temp" / "ecalc$.out", "earlier results\r\n");
     const std::string year = session_.model.ProjectData[kConYear];
@@ -179,7 +179,7 @@ TEST_F(RunSimTest, CancelEndsAHungEngineAndPutsEverythingBack) {
 }
 
 TEST_F(RunSimTest, TimeLimitStopsTheEngine) {
-    Load("Office [two levels, I-P].inp");
+    Load("Small Office [two levels, I-P].inp");
     UseEngine("#!/bin/sh\nwhile :; do sleep 1; done\n");
     RunSimController c = Controller(0.3);
     c.OpenRun();
@@ -193,7 +193,7 @@ TEST_F(RunSimTest, TimeLimitStopsTheEngine) {
 }
 
 TEST_F(RunSimTest, RealEngineAndReviewResults) {
-    Load("Office [two levels, I-P].inp");
+    Load("Small Office [two levels, I-P].inp");
     UseEngine();
     RunSimController c = Controller();
     c.OpenRun();
