@@ -29,6 +29,7 @@ double Biquadratic(const double (&c)[6], double x, double y) {
 // DOE-2.1E packaged DX curves as converted to degrees C for the EnergyPlus
 // example files (US DOE, EnergyPlus 7.1 "AirflowNetwork_MultiZone_House"):
 // x entering coil wet bulb 12.8..23.9 C, y outdoor dry bulb 18..46.1 C.
+// UNVERIFIED: not yet checked against a published copy of these curves.
 constexpr double kDxCapFT[6] = {0.942587793,  0.009543347, 0.000683770,
                                 -0.011042676, 0.000005249, -0.000009720};
 constexpr double kDxEirFT[6] = {0.342414409, 0.034885008, -0.000623700,
@@ -36,6 +37,7 @@ constexpr double kDxEirFT[6] = {0.342414409, 0.034885008, -0.000623700,
 // DOE-2 centrifugal chiller "DOE-2 Centrifugal/5.50COP" (EnergyPlus data set
 // Chillers.idf): x leaving chilled water 5..10 C, y entering condenser water
 // 24..35 C; EIR of part load quadratic.
+// UNVERIFIED: not yet checked against a published copy of these curves.
 constexpr double kChillerCapFT[6] = {0.257896,  0.0389016,   -0.00021708,
                                      0.0468684, -0.00094284, -0.00034344};
 constexpr double kChillerEirFT[6] = {0.933884, -0.058212, 0.00450036, 0.00243, 0.000486, -0.001215};
@@ -85,6 +87,7 @@ double ChillerPartLoadPower(double plr) {
 // DOE-2 air-source heat pump heating curves as cubics of the outdoor dry
 // bulb in C (EnergyPlus example files, HPACHeatCapFT and HPACHeatEIRFT),
 // both 1 at the 8.33 C (47 F) rating; range -20..20 C.
+// UNVERIFIED: written from memory, not yet checked against a published copy.
 double HeatPumpCapacityRatio(double odb) {
     const double t = Clamp(odb, -20.0, 20.0);
     return 0.758746 + t * (0.027626 + t * (0.000148716 + t * 0.0000034992));
@@ -97,6 +100,7 @@ double HeatPumpEirRatio(double odb) {
 // Heat-input ratio of part load, DOE-2.2 defaults (Hirsch, DOE-2.2
 // Dictionary, curves FURNACE-HIR-FPLR and HW-BOILER-HIR-FPLR): the
 // fraction of full-load fuel at a part-load ratio.
+// UNVERIFIED: written from memory, not yet checked against a published copy.
 double FurnacePartLoadInput(double plr) {
     plr = Clamp(plr, 0.0, 1.0);
     return 0.01861 + 1.09421 * plr - 0.11282 * plr * plr;
