@@ -141,12 +141,12 @@ TEST_F(BundledSamples, OkOnEveryZoneChangesNothing) {
 }
 
 TEST(BundledSamplesMaker, MakesTheCommittedFilesByteForByte) {
-    const auto specs = samples::BundledSamples();
+    const auto definitions = samples::BundledSamples();
     const auto texts = samples::MakeAllSamples(fs::path(SOLVANE_SOURCE_DIR) / "data");
-    ASSERT_EQ(texts.size(), specs.size());
-    for (std::size_t i = 0; i < specs.size(); ++i) {
-        EXPECT_TRUE(Text(kSamples / specs[i].fileName) == texts[i])
-            << specs[i].fileName << " differs from what solvane-make-samples makes";
+    ASSERT_EQ(texts.size(), definitions.size());
+    for (std::size_t i = 0; i < definitions.size(); ++i) {
+        EXPECT_TRUE(Text(kSamples / definitions[i].fileName) == texts[i])
+            << definitions[i].fileName << " differs from what solvane-make-samples makes";
     }
 }
 

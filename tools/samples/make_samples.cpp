@@ -20,12 +20,12 @@ int main(int argc, char** argv) {
         return 2;
     }
     try {
-        const auto specs = samples::BundledSamples();
+        const auto definitions = samples::BundledSamples();
         const auto texts = samples::MakeAllSamples(argv[1]);
         const fs::path out = argv[2];
         fs::create_directories(out);
-        for (std::size_t i = 0; i < specs.size(); ++i) {
-            const fs::path path = out / specs[i].fileName;
+        for (std::size_t i = 0; i < definitions.size(); ++i) {
+            const fs::path path = out / definitions[i].fileName;
             if (!WriteFileAtomic(path, texts[i]))
                 throw std::runtime_error("cannot write " + path.string());
             std::cout << path.string() << "\n";
