@@ -42,7 +42,8 @@ void MainMenuController::InitFields() {
     f.At("runenergy", 0).text = "Run with   A/C ";
     f.At("runenergy", 1).text = "Run w/out A/C (&Passive)";
     DisableTasksButCodeAndWeather();
-    f["viewmenu"].enabled = false;
+    // Stored results can be viewed before any run: the menu is always live.
+    f["viewmenu"].enabled = true;
     f["dtbase"].enabled = false;
     for (int i = 0; i <= 6; ++i) f.At("Image7", i).visible = true;
     f["filemenu"].enabled = true;

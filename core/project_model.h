@@ -265,6 +265,9 @@ struct ProgressFlags {
     std::int16_t RunResultCode = 0;
     Flag OutputAvailable = 0;
     std::int16_t ViewRequest = 0;
+    std::int16_t TableRequest = 0;  // the Table menu entry asked for, 1..8
+    std::int16_t GraphRequest = 0;  // the graph menu entry asked for, 1..7
+    Flag HourlyOutputFlag = 0;      // \temp holds the hourly files of the results
     Flag ViewedStoredOutput = 0;
     std::int16_t PendingAfterSave = 0;
     Flag DaylightingUsed = 0;

@@ -33,6 +33,9 @@ enum class Screen {
     RunSim,
     SaveOutForm,
     SelectView,
+    ResultCharts,  // the chart asked for by GraphRequest, else the energy breakdown
+    Tabular,       // the table asked for by TableRequest
+    Hourly,
     Warning,
     Help,
 };

@@ -709,8 +709,10 @@ std::string HourlyTemperatureText(const RunResults& r, const ReportContext& c) {
 
 std::string HourlyWeatherText(const WeatherYear& w, const ReportContext& c) {
     LineWriter out;
-    out.Line(std::string("Hour,Dry bulb,Dew point,Global horizontal,Direct normal,Diffuse,Wind") +
-             (c.si ? " (C, W/sq.m., m/s)" : " (F, Btu/h sq.ft, mph)"));
+    // Each column names its own unit: a comma inside the header would split it.
+    const std::string t = c.si ? " (C)" : " (F)", e = c.si ? " (W/sq.m.)" : " (Btu/h sq.ft)";
+    out.Line("Hour,Dry bulb" + t + ",Dew point" + t + ",Global horizontal" + e + ",Direct normal" +
+             e + ",Diffuse" + e + ",Wind" + (c.si ? " (m/s)" : " (mph)"));
     for (int h = 0; h < kHoursPerYear; ++h) {
         const WeatherHour& wh = w.hours[h];
         const double s = c.si ? 1.0 : 0.3169983;

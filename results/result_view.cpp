@@ -5,6 +5,7 @@
 #include "core/numeric_helpers.h"
 #include "core/text_file.h"
 #include "results/benchmark.h"
+#include "results/stored_results.h"
 
 namespace solvane {
 
@@ -59,8 +60,13 @@ bool ResultViewController::Draw(Canvas& canvas) {
 
 bool ResultViewController::Benchmark(ScreenFields& benchmark) {
     const ProjectModel& m = session_.model;
-    const int type = m.session.BuildingType;
     const auto text = ReadTextFile(session_.paths.Resolve("\\temp\\ecalc$.out"));
+    // The building of the report on show: a stored report may be another
+    // project's than the one being worked on.
+    int type = m.session.BuildingType;
+    if (const auto identity = text ? ReadReportIdentity(*text) : std::nullopt;
+        identity && identity->BuildingType >= 1 && identity->BuildingType <= kBuildingTypes)
+        type = identity->BuildingType;
     const auto energy = text ? ReadEnergySummary(*text) : ReportRead<EnergySummary>{};
     std::string error;
     if (!energy)

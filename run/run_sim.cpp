@@ -152,6 +152,7 @@ bool RunSimController::PrepareRun() {
     m.flags.RunResultCode = static_cast<std::int16_t>(run.RunType);
     run.HourlyOutput = fields_["hourlyoutput"].value != 0;
     run_.HourlyOutputFlag = run.HourlyOutput ? 1 : 0;
+    m.flags.HourlyOutputFlag = static_cast<Flag>(run_.HourlyOutputFlag);
     for (int i = 1; i <= 3; ++i) m.climate.DesTemps[i] = fields_.At("destemp", i).text;
 
     const std::string begin = WithHyphen(fields_.At("Text1", 0).text);
