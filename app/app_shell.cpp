@@ -12,11 +12,14 @@
 #include "app/drawform.h"
 #include "app/economics.h"
 #include "app/file_forms.h"
+#include "app/hourly.h"
 #include "app/mainform.h"
 #include "app/mainmenu.h"
 #include "app/projectinfo.h"
+#include "app/result_files.h"
 #include "app/result_screens.h"
 #include "app/runsim.h"
+#include "app/tabular.h"
 #include "app/warning.h"
 #include "app/weather.h"
 #include "app/zoneform.h"
@@ -79,6 +82,10 @@ void AppShell::MakeControllers() {
     run.timeLimitSeconds = kEngineTimeLimitSeconds;
     runSimController_ = std::make_unique<RunSimController>(s, prompt_, run);
     resultViewController_ = std::make_unique<ResultViewController>(s, prompt_);
+    tabularController_ = std::make_unique<TabularController>(s, prompt_);
+    saveOutController_ = std::make_unique<SaveOutFormController>(s, prompt_);
+    selectViewController_ = std::make_unique<SelectViewController>(s, prompt_);
+    hourlyController_ = std::make_unique<HourlyController>(s, prompt_, OpenInSpreadsheet);
 }
 
 void AppShell::MakeScreens() {
@@ -116,24 +123,28 @@ void AppShell::MakeScreens() {
     results_ = std::make_unique<ResultChartScreen>(*resultViewController_, navigate, hub);
     runSim_ = std::make_unique<RunSimScreen>(
         *runSimController_, navigate, [this] { results_->Open(ChartKind::Source); }, hub);
-    // The hub's Graphs menu opens the chart screens on the results file.
-    const std::pair<ChartKind, int> graphs[] = {
-        {ChartKind::Peak, static_cast<int>(LoadView::PeakHeating)},
-        {ChartKind::Peak, static_cast<int>(LoadView::PeakCooling)},
-        {ChartKind::Peak, static_cast<int>(LoadView::AnnualHeating)},
-        {ChartKind::Peak, static_cast<int>(LoadView::AnnualCooling)},
-        {ChartKind::Monthly, 0},
-        {ChartKind::Monthly, 1},
-        {ChartKind::Source, 0}};
-    for (int i = 0; i < 7; ++i) {
-        if (auto* action = hub->findChild<QAction*>(QString("graph_%1").arg(i + 1)))
-            connect(action, &QAction::triggered, results_.get(),
-                    [this, g = graphs[i]] { results_->Open(g.first, g.second); });
-    }
+    tabular_ = std::make_unique<TabularScreen>(*tabularController_, navigate, hub);
+    saveOutForm_ = std::make_unique<SaveOutFormScreen>(*saveOutController_, navigate, folders, hub);
+    selectView_ =
+        std::make_unique<SelectViewScreen>(*selectViewController_, navigate, folders, hub);
+    hourly_ = std::make_unique<HourlyScreen>(*hourlyController_, session_, prompt_, navigate, hub);
+    // The hub's View Output menu: tables, charts and stored results.
+    for (int i = 1; i <= 8; ++i)
+        if (auto* action = hub->findChild<QAction*>(QString("Table_%1").arg(i)))
+            connect(action, &QAction::triggered, this,
+                    [this, i] { Navigate(TableEntry(session_, i)); });
+    for (int i = 1; i <= 7; ++i)
+        if (auto* action = hub->findChild<QAction*>(QString("graph_%1").arg(i)))
+            connect(action, &QAction::triggered, this,
+                    [this, i] { Navigate(GraphEntry(session_, i)); });
+    if (auto* action = hub->findChild<QAction*>("View_0"))
+        connect(action, &QAction::triggered, this,
+                [this] { Navigate(RetrieveEntry(session_, prompt_)); });
     session_.availableScreens.insert(
         {Screen::OldFileForm, Screen::SampleFileForm, Screen::SaveInputForm, Screen::Weather,
          Screen::ProjectInfo, Screen::Economics, Screen::Catalog, Screen::Hvac, Screen::ZoneForm,
-         Screen::DrawForm, Screen::RunOptions, Screen::RunSim});
+         Screen::DrawForm, Screen::RunOptions, Screen::RunSim, Screen::SaveOutForm,
+         Screen::SelectView, Screen::ResultCharts, Screen::Tabular, Screen::Hourly});
 }
 
 void AppShell::Start(const StartupEnvironment& env) {
@@ -166,6 +177,22 @@ void AppShell::ShowHub() {
     mainmenu_->raise();
     mainmenu_->activateWindow();
     mainmenu_->Activate();
+}
+
+void AppShell::ShowRequestedChart() {
+    // The graph menu's order: peak heating, peak cooling, annual heating,
+    // annual cooling, monthly energy, monthly costs, energy breakdown.
+    const std::pair<ChartKind, int> graphs[] = {
+        {ChartKind::Peak, static_cast<int>(LoadView::PeakHeating)},
+        {ChartKind::Peak, static_cast<int>(LoadView::PeakCooling)},
+        {ChartKind::Peak, static_cast<int>(LoadView::AnnualHeating)},
+        {ChartKind::Peak, static_cast<int>(LoadView::AnnualCooling)},
+        {ChartKind::Monthly, 0},
+        {ChartKind::Monthly, 1},
+        {ChartKind::Source, 0}};
+    const int request = session_.model.flags.GraphRequest;
+    const auto chart = request >= 1 && request <= 7 ? graphs[request - 1] : graphs[6];
+    results_->Open(chart.first, chart.second);
 }
 
 void AppShell::Navigate(const Navigation& nav) {
@@ -223,6 +250,30 @@ void AppShell::Navigate(const Navigation& nav) {
             break;
         case Screen::RunSim:
             runSim_->Open();
+            break;
+        case Screen::SaveOutForm:
+            saveOutForm_->Open(StartFolder(), saveController_->results);
+            saveController_->results.reset();
+            break;
+        case Screen::SelectView:
+            selectView_->Open(StartFolder());
+            break;
+        case Screen::ResultCharts:
+            ShowRequestedChart();
+            break;
+        case Screen::Tabular: {
+            // A request of the hub's Table menu is taken once; a return from
+            // the hourly screen shows the view that was on.
+            const int request = session_.model.flags.TableRequest;
+            session_.model.flags.TableRequest = 0;
+            const TableView view = request >= 1 && request <= kTableViews
+                                       ? static_cast<TableView>(request)
+                                       : tabularController_->view();
+            if (!tabular_->Open(view)) ShowHub();
+            break;
+        }
+        case Screen::Hourly:
+            hourly_->Open();
             break;
         case Screen::Warning:
             warning_->Refresh();

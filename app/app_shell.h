@@ -14,7 +14,10 @@
 #include "projectfile/file_dialogs.h"
 #include "propertydb/catalog_screen.h"
 #include "propertydb/hvac_catalog.h"
+#include "results/hourly_output.h"
 #include "results/result_view.h"
+#include "results/stored_results.h"
+#include "results/tabular.h"
 #include "run/run_sim.h"
 #include "weather/climate_database.h"
 #include "weather/weather_screen.h"
@@ -41,6 +44,10 @@ std::string ProjectsFolder();
 class RunOptionsScreen;
 class RunSimScreen;
 class ResultChartScreen;
+class TabularScreen;
+class SaveOutFormScreen;
+class SelectViewScreen;
+class HourlyScreen;
 
 class AppShell : public QObject {
     Q_OBJECT
@@ -70,6 +77,10 @@ class AppShell : public QObject {
     DrawFormScreen* drawForm() { return drawForm_.get(); }
     RunSimScreen* runSim() { return runSim_.get(); }
     ResultChartScreen* results() { return results_.get(); }
+    TabularScreen* tabular() { return tabular_.get(); }
+    SaveOutFormScreen* saveOutForm() { return saveOutForm_.get(); }
+    SelectViewScreen* selectView() { return selectView_.get(); }
+    HourlyScreen* hourly() { return hourly_.get(); }
     bool ended() const { return ended_; }
 
   signals:
@@ -79,6 +90,8 @@ class AppShell : public QObject {
     void MakeControllers();
     void MakeScreens();
     void ShowHub();
+    // The chart of GraphRequest (1..7), the energy breakdown without one.
+    void ShowRequestedChart();
     // The folder the project dialogs start in: the last one used, or the
     // user's projects folder, made on first use.
     std::string StartFolder();
@@ -103,6 +116,10 @@ class AppShell : public QObject {
     std::unique_ptr<HvacController> hvacController_;
     std::unique_ptr<RunSimController> runSimController_;
     std::unique_ptr<ResultViewController> resultViewController_;
+    std::unique_ptr<TabularController> tabularController_;
+    std::unique_ptr<SaveOutFormController> saveOutController_;
+    std::unique_ptr<SelectViewController> selectViewController_;
+    std::unique_ptr<HourlyController> hourlyController_;
 
     std::unique_ptr<MainFormScreen> mainform_;
     std::unique_ptr<MainMenuScreen> mainmenu_;
@@ -120,6 +137,10 @@ class AppShell : public QObject {
     std::unique_ptr<RunOptionsScreen> runOptions_;
     std::unique_ptr<RunSimScreen> runSim_;
     std::unique_ptr<ResultChartScreen> results_;
+    std::unique_ptr<TabularScreen> tabular_;
+    std::unique_ptr<SaveOutFormScreen> saveOutForm_;
+    std::unique_ptr<SelectViewScreen> selectView_;
+    std::unique_ptr<HourlyScreen> hourly_;
     bool ended_ = false;
     std::string lastFolder_;
 };

@@ -6,9 +6,11 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QFontMetricsF>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -16,10 +18,13 @@
 
 #include "app/app_shell.h"
 #include "app/file_forms.h"
+#include "app/hourly.h"
 #include "app/mainform.h"
 #include "app/mainmenu.h"
+#include "app/result_files.h"
 #include "app/result_screens.h"
 #include "app/runsim.h"
+#include "app/tabular.h"
 #include "core/text_file.h"
 #include "ui/scripted_prompt.h"
 
@@ -172,6 +177,88 @@ TEST_F(RunResultsTest, CancelEndsAHungEngineAndTheProjectStaysAsItWas) {
     Find<QAbstractButton>(run, "Command2")->click();
     EXPECT_FALSE(run->isVisible());
     EXPECT_TRUE(shell_->mainmenu()->isVisible());
+}
+
+TEST_F(RunResultsTest, TablesStoredResultsAndHourlyOutputAsANewUserWouldSeeThem) {
+    fs::create_symlink(SOLV2020_PATH, root_ / "Solv2020");
+    QWidget* run = OpenRunScreen();
+    ASSERT_NE(run, nullptr);
+    Find<QAbstractButton>(run, "hourlyoutput")->setChecked(true);
+    QSignalSpy finished(shell_->runSim(), &RunSimScreen::runFinished);
+    Find<QAbstractButton>(run, "Command1")->click();
+    ASSERT_TRUE(finished.wait(30000));
+    Find<QAbstractButton>(run, "Command3")->click();
+    ASSERT_TRUE(shell_->results()->isVisible());
+    shell_->results()->hide();
+    QWidget* hub = shell_->mainmenu();
+
+    // Each table from the hub's menu, in a fixed-pitch font.
+    auto* tabular = shell_->tabular();
+    Find<QAction>(hub, "Table_3")->trigger();
+    ASSERT_TRUE(tabular->isVisible());
+    EXPECT_NE(tabular->windowTitle().indexOf("Monthly Summaries"), -1);
+    auto* text = Find<QPlainTextEdit>(tabular, "Text1");
+    EXPECT_TRUE(text->toPlainText().startsWith("III."));
+    const QFontMetricsF metrics(text->font());  // the columns line up
+    EXPECT_EQ(metrics.horizontalAdvance('i'), metrics.horizontalAdvance('W'));
+    Snapshot(tabular, "tabular_monthly");
+    Find<QAction>(hub, "Table_8")->trigger();
+    EXPECT_NE(tabular->windowTitle().indexOf("Space Comfort Conditions"), -1);
+    const QString first = text->toPlainText();
+    Find<QAbstractButton>(tabular, "zone_1")->click();
+    EXPECT_NE(text->toPlainText(), first);
+    EXPECT_TRUE(Find<QAbstractButton>(tabular, "zone_2")->isEnabled());
+    const QString pdf = QString::fromStdString((root_ / "comfort.pdf").string());
+    ASSERT_TRUE(shell_->tabular()->SaveTable(pdf));
+    EXPECT_GT(fs::file_size(root_ / "comfort.pdf"), 1000u);
+    ASSERT_TRUE(shell_->tabular()->SaveTable(QString::fromStdString((root_ / "c.txt").string())));
+    EXPECT_EQ(QString::fromStdString(ReadTextFile(root_ / "c.txt").value()).remove('\r'),
+              text->toPlainText());
+
+    // The hourly output: the screen and the program's own plot.
+    Find<QAbstractButton>(tabular, "Hourly")->click();
+    QWidget* hourly = shell_->hourly();
+    ASSERT_TRUE(hourly->isVisible());
+    Find<QAbstractButton>(hourly, "plot")->click();
+    ASSERT_TRUE(shell_->hourly()->plot()->isVisible());
+    EXPECT_FALSE(shell_->hourly()->plot()->image().isNull());
+    Snapshot(shell_->hourly()->plot(), "hourly_plot");
+    shell_->hourly()->plot()->hide();
+    Find<QAbstractButton>(hourly, "Action_1")->click();
+    EXPECT_FALSE(hourly->isVisible());
+    EXPECT_TRUE(tabular->isVisible());
+    tabular->hide();
+
+    // Store the results: Retrieve asks about the unsaved run first.
+    prompt_.Queue(Answer::Yes);
+    Find<QAction>(hub, "View_0")->trigger();
+    QWidget* save = shell_->saveOutForm();
+    ASSERT_TRUE(save->isVisible());
+    const fs::path stored = root_ / "office.ot1";
+    Find<QLineEdit>(save, "outputname")->setText(QString::fromStdString(stored.string()));
+    Find<QAbstractButton>(save, "okbutton")->click();
+    EXPECT_FALSE(save->isVisible());
+    EXPECT_TRUE(fs::exists(stored));
+    EXPECT_TRUE(fs::exists(root_ / "office-ot1.flt"));
+    EXPECT_TRUE(fs::exists(root_ / "office-ot1-Temp.hry"));
+    const auto report = ReadTextFile(root_ / "temp" / "ecalc$.out");
+
+    // A new project, then the stored results again through the same screens.
+    prompt_.Queue(Answer::Yes);
+    Find<QAction>(hub, "newitem")->trigger();
+    EXPECT_EQ(shell_->session().model.flags.OutputAvailable, 0);
+    Find<QAction>(hub, "Table_4")->trigger();
+    QWidget* select = shell_->selectView();
+    ASSERT_TRUE(select->isVisible());
+    Find<QLineEdit>(select, "Text1")->setText(QString::fromStdString(stored.string()));
+    Find<QAbstractButton>(select, "OK")->click();
+    ASSERT_TRUE(tabular->isVisible());
+    EXPECT_NE(tabular->windowTitle().indexOf("Design Data for HVAC Zones"), -1);
+    EXPECT_TRUE(text->toPlainText().startsWith("IV. "));
+    EXPECT_EQ(ReadTextFile(root_ / "temp" / "ecalc$.out"), report);
+    Find<QAction>(hub, "graph_5")->trigger();
+    EXPECT_TRUE(shell_->results()->isVisible());
+    EXPECT_EQ(shell_->results()->objectName(), "monthly");
 }
 
 }  // namespace
