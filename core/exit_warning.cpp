@@ -16,6 +16,8 @@ Navigation ExitWarningController::Okey() {
     const bool savedBefore = m.flags.InputFileSavedOnce == 1 || m.flags.ProjectFromFile == 1;
     if (savedBefore && services_.writeProjectFile) {
         if (!services_.writeProjectFile(session_, prompt_)) return {};
+        // Saving the project stores no results: unsaved ones are offered too.
+        if (const auto save = OfferUnsavedResults()) return *save;
         ClearStagingFiles();
         return {Screen::None, false, true};
     }
@@ -43,15 +45,20 @@ Navigation ExitWarningController::Okey() {
     return Command1();
 }
 
-Navigation ExitWarningController::Command1() {
+std::optional<Navigation> ExitWarningController::OfferUnsavedResults() {
     ProjectModel& m = session_.model;
     if (m.flags.RunDone == 1 && m.flags.OutputFileSaved == 0 &&
         prompt_.Ask("The last simulation results has not been saved.  Do you wish to save them?",
                     "Save output", Buttons::YesNo, Icon::None) == Answer::Yes &&
         session_.Available(Screen::SaveOutForm)) {
         m.flags.ExitAfterSave = 1;
-        return {Screen::SaveOutForm, true, false};
+        return Navigation{Screen::SaveOutForm, true, false};
     }
+    return std::nullopt;
+}
+
+Navigation ExitWarningController::Command1() {
+    if (const auto save = OfferUnsavedResults()) return *save;
     ClearStagingFiles();
     return {Screen::None, false, true};
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "core/session.h"
 #include "ui/prompt.h"
@@ -26,6 +27,9 @@ class ExitWarningController {
 
   private:
     void ClearStagingFiles();
+    // Unsaved results of a run are offered for storing before the end: the
+    // results dialog, which then ends the program.
+    std::optional<Navigation> OfferUnsavedResults();
 
     Session& session_;
     Prompt& prompt_;

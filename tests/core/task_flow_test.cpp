@@ -331,6 +331,25 @@ TEST_F(TaskFlowTest, ExitOffersToSaveAndEndsOnlyThroughTheWarningScreen) {
     EXPECT_TRUE(warning.Command1().endProgram);
     EXPECT_EQ(prompt_.asked.back().title, "Save output");
     EXPECT_EQ(clears, 1);
+
+    // Yes goes to the results dialog, which ends the program after storing.
+    session_.availableScreens.insert(Screen::SaveOutForm);
+    prompt_.Queue(Answer::Yes);
+    EXPECT_EQ(warning.Command1().show, Screen::SaveOutForm);
+    EXPECT_EQ(session_.model.flags.ExitAfterSave, 1);
+    EXPECT_EQ(clears, 1);
+    // Save and Exit of a saved project offers the unsaved results too.
+    session_.model.flags.ExitAfterSave = 0;
+    session_.model.flags.InputFileSavedOnce = 1;
+    int writes = 0;
+    services.writeProjectFile = [&](Session&, Prompt&) { return ++writes > 0; };
+    ExitWarningController saving(session_, prompt_, services);
+    prompt_.Queue(Answer::Yes);
+    EXPECT_EQ(saving.Okey().show, Screen::SaveOutForm);
+    EXPECT_EQ(writes, 1);
+    session_.model.flags.OutputFileSaved = 1;
+    EXPECT_TRUE(saving.Okey().endProgram);
+    EXPECT_EQ(clears, 2);
 }
 
 TEST(ShortFileName, KeepsShortNamesWhole) {
