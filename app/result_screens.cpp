@@ -81,6 +81,9 @@ ResultChartScreen::ResultChartScreen(ResultViewController& controller,
             [this] { ShowBenchmark(); });
     connect(AddButton(buttons, "viewoutput", "View Output..."), &QPushButton::clicked, chooser_,
             &QDialog::open);
+    // The report's tables, at the view last read (the project data at first).
+    connect(AddButton(buttons, "tables", "Tables..."), &QPushButton::clicked, this,
+            [this] { navigate_({Screen::Tabular, false, false}); });
     connect(AddButton(buttons, "export", "Save Chart..."), &QPushButton::clicked, this, [this] {
         const QString file = QFileDialog::getSaveFileName(
             this, "Save Chart",

@@ -70,6 +70,11 @@ std::optional<ReportIdentity> ReadReportIdentity(const std::string& report) {
         if (cuts::Left(*it, 9) == "    TYPE:") type = it;
     for (auto it = lines.begin(); it != lines.end() && type == lines.end(); ++it)
         if (cuts::Left(*it, 9) == "    TYPE:") type = it;
+    for (const std::string& line : lines)
+        if (cuts::Left(line, 12) == "*** PROJECT:") {
+            id.ProjectName = cuts::TrimLeft(cuts::TrimRight(cuts::Mid(line, 13, 61)));
+            break;
+        }
     if (type != lines.end()) {
         id.TypeText = cuts::Mid(*type, 18, 28);
         std::string digits;
@@ -105,8 +110,8 @@ void SaveOutFormController::Show(const std::string& folder,
     fields = ScreenFields{};
     fields.caption = "Save Simulation Results";
     fields["Text1"].text =
-        "Results are stored as name.ot1 to name.ot9 beside the project: the report, its comfort "
-        "file and the hourly files of the run.";
+        "Results are stored under a name ending .ot0 to .ot9: the report, its comfort file "
+        "and, when the run made them, the hourly files, side by side in the chosen folder.";
     // "No Save" lets a waiting run go on, or the program end, without storing.
     fields["nosave"].visible = m.flags.PendingAfterSave != 0 || m.flags.ExitAfterSave == 1;
 }
@@ -207,6 +212,7 @@ bool OpenStoredResults(Session& session, Prompt& prompt, const std::string& full
         m.session.CodeNum = static_cast<std::int16_t>(identity->CodeNum);
         m.session.CodeName = session.labels.CodeTitle[m.session.CodeNum];
         m.ProjectData[0] = identity->TypeText;
+        if (!identity->ProjectName.empty()) m.ProjectData[kProjName] = identity->ProjectName;
         if (identity->BuildingType >= 1 && identity->BuildingType <= kBuildingTypes)
             m.session.BuildingType = static_cast<std::int16_t>(identity->BuildingType);
     }

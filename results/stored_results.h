@@ -37,8 +37,9 @@ inline constexpr const char* kHourlyTempFiles[3] = {"\\temp\\ecalc$.hry", "\\tem
 struct ReportIdentity {
     std::string CodeTitle;  // the text of the " ENERGY CODE" line from column 16
     int CodeNum = 0;
-    std::string TypeText;  // 28 characters of the "    TYPE:" line from column 18
-    int BuildingType = 0;  // the digits of TypeText joined
+    std::string TypeText;     // 28 characters of the "    TYPE:" line from column 18
+    int BuildingType = 0;     // the digits of TypeText joined
+    std::string ProjectName;  // from the first "*** PROJECT:" page head
 };
 // Nothing when the file has no " ENERGY CODE" line.
 std::optional<ReportIdentity> ReadReportIdentity(const std::string& report);

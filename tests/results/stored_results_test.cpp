@@ -42,6 +42,7 @@ TEST(StoredName, CodeAndTypeOfAReport) {
     const auto office = ReadReportIdentity(test::RunOfficeWithHourlyOutput().report);
     ASSERT_TRUE(office);
     EXPECT_EQ(office->CodeNum, 2);  // the office sample is on 90.1-2019
+    EXPECT_EQ(office->ProjectName, "Lakeview Office");
 }
 
 class StoredResultsTest : public ::testing::Test {
@@ -56,6 +57,7 @@ class StoredResultsTest : public ::testing::Test {
         session_.model.flags.OutputAvailable = 1;
         session_.model.flags.HourlyOutputFlag = 1;
         session_.model.session.InputFileShortName = "office.inp";
+        session_.model.ProjectData[kProjName] = "Lakeview Office";  // as the sample names it
     }
     void TearDown() override { fs::remove_all(root_); }
     fs::path Temp(const std::string& name) { return root_ / "temp" / name; }
