@@ -201,7 +201,14 @@ bool RunSimController::PrepareRun() {
 
     m.climate.DesTempsPresent = 1;
     const auto reportPath = session_.paths.Resolve(kResultsFile);
-    if (!WriteFileAtomic(reportPath, InputReportText(m, run, {TodayText(), services_.clock()}))) {
+    const InputReport report = WriteInputReport(m, run, {TodayText(), services_.clock()},
+                                                ReadReportFiles(m, session_.paths));
+    if (!report.warnings.empty()) {
+        std::string text;
+        for (const auto& w : report.warnings) text += w + std::string(CrLf);
+        prompt_.Ask(text, "Profiles", Buttons::Ok, Icon::Exclamation);
+    }
+    if (!WriteFileAtomic(reportPath, report.text)) {
         prompt_.Ask("The results file " + reportPath.string() + " could not be written.", "Error",
                     Buttons::Ok, Icon::Exclamation);
         Restore();
