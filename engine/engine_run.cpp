@@ -135,6 +135,13 @@ int RunEngine(const fs::path& here, const EngineRunOptions& options) {
             ctx.si ? ctx.control.comfortLower : (ctx.control.comfortLower - 32) / 1.8;
         opt.comfortUpper =
             ctx.si ? ctx.control.comfortUpper : (ctx.control.comfortUpper - 32) / 1.8;
+        // The desktop follows the run by the days done (Progress.txt); a
+        // record it cannot write only costs the bar its moves.
+        const fs::path progress = here / "Progress.txt";
+        opt.onDay = [&progress](int done, int total) {
+            WriteFileAtomic(progress, std::to_string(done) + " " + std::to_string(total) + "\r\n");
+        };
+        opt.onDay(0, std::max(1, opt.endDay - opt.beginDay + 1));
         const RunResults res = Simulate(in.building, weather, opt);
 
         const SystemsResults sys = SimulateSystems(in.building, res, weather, opt, in.systems);

@@ -667,7 +667,10 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
             if (change < 0.01) break;
         }
     }
-    for (int d = begin; d <= end; ++d) runDay(d, true);
+    for (int d = begin; d <= end; ++d) {
+        runDay(d, true);
+        if (opt.onDay) opt.onDay(d - begin + 1, end - begin + 1);
+    }
     res.hoursSimulated = (end - begin + 1) * 24;
     for (std::size_t z = 0; z < zs.size(); ++z) {
         ZoneResults& zr = res.zones[z];

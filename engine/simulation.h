@@ -33,6 +33,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -69,6 +70,8 @@ struct RunOptions {
     double comfortUpper = 27.0;        // C
     int warmupDays = 10;               // run before the period, repeated until settled
     bool keepHourly = true;            // keep the 8760 hourly series
+    // Told after each day of the period (not the warm-up): days done, days in all.
+    std::function<void(int done, int total)> onDay;
 };
 
 struct ZoneResults {

@@ -5,12 +5,16 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstring>
 #include <filesystem>
+#include <sstream>
 #include <thread>
+
+#include "core/text_file.h"
 
 extern char** environ;
 
@@ -72,7 +76,7 @@ void StopEngine(EngineProcess& engine, int graceMilliseconds) {
 
 void DeleteEngineOutputs(const ProgramPaths& paths) {
     for (const char* name : {"Monitor.txt", "sim$.out", "ecalc$.wth", "ecalc$.flt", "ecalc$.hry",
-                             "etemp$.hry", "eweth$.hry"}) {
+                             "etemp$.hry", "eweth$.hry", "Progress.txt"}) {
         std::error_code ec;
         std::filesystem::remove(paths.Resolve("temp") / name, ec);
     }
@@ -85,6 +89,15 @@ void DeleteComfortFiles(const ProgramPaths& paths) {
         if (strcasecmp(it->path().extension().c_str(), ".flt") == 0)
             std::filesystem::remove(it->path(), ec);
     }
+}
+
+std::optional<int> EngineProgress(const ProgramPaths& paths) {
+    const auto text = ReadTextFile(paths.Resolve("\\temp\\Progress.txt"));
+    if (!text) return std::nullopt;
+    std::istringstream in(*text);
+    long done = 0, total = 0;
+    if (!(in >> done >> total) || total <= 0 || done < 0) return std::nullopt;
+    return static_cast<int>(std::min(done, total) * 100 / total);
 }
 
 }  // namespace solvane

@@ -1,6 +1,8 @@
 // Starting the engine as a child process in the temp folder and watching it.
 #pragma once
 
+#include <optional>
+
 #include <sys/types.h>
 
 #include <string>
@@ -39,8 +41,13 @@ void StopEngine(EngineProcess& engine, int graceMilliseconds = 2000);
 void DeleteComfortFiles(const ProgramPaths& paths);
 
 // Deletes what an earlier run of the engine left in \temp (Monitor.txt,
-// sim$.out, ecalc$.wth, ecalc$.flt and the hourly files), so that nothing of
-// it can be taken for this run's.
+// sim$.out, ecalc$.wth, ecalc$.flt, the hourly files and Progress.txt), so
+// that nothing of it can be taken for this run's.
 void DeleteEngineOutputs(const ProgramPaths& paths);
+
+// How far the running engine has come, 0 to 100, from \temp\Progress.txt
+// ("days done" and "days of the period"); nothing while there is no such
+// record or it cannot be read.
+std::optional<int> EngineProgress(const ProgramPaths& paths);
 
 }  // namespace solvane

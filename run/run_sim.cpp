@@ -223,11 +223,11 @@ bool RunSimController::PrepareRun() {
 
 bool RunSimController::Wait(int milliseconds) {
     if (!Running()) return false;
-    // Ten steps a second, as far as the bar goes: the engine tells nothing
-    // of its progress until it ends.
-    const double elapsed =
-        std::chrono::duration<double>(std::chrono::steady_clock::now() - started_).count();
-    fields_["ProgressBar1"].value = std::min(static_cast<int>(elapsed * 10), 100);
+    // The bar follows the days the engine has simulated; the last steps
+    // (the plant and the reports) are the end of the run.
+    if (const auto progress = EngineProgress(session_.paths))
+        fields_["ProgressBar1"].value =
+            std::max(fields_["ProgressBar1"].value, *progress * 95 / 100);
     fields_["runstatus"].text = "Run Status Indicator...  Time=" + services_.clock();
     const bool running = IsEngineRunning(engine_, milliseconds);
     const double seconds =
@@ -260,6 +260,7 @@ void RunSimController::Finish() {
                     "Simulation not completed", Buttons::Ok, Icon::Exclamation);
         return;
     }
+    fields_["ProgressBar1"].value = 100;
     fields_["ProgressBar1"].visible = false;
     fields_["runstatus"].text = "Simulation Completed at " + services_.clock() +
                                 "\nTotal time = " + FormatField(NumText(seconds), "####.##") +

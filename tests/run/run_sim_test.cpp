@@ -178,6 +178,46 @@ TEST_F(RunSimTest, CancelEndsAHungEngineAndPutsEverythingBack) {
     EXPECT_TRUE(c.fields().Enabled("Command1"));
 }
 
+TEST_F(RunSimTest, BarFollowsTheDaysTheEngineReports) {
+    Load("Small Office [two levels, I-P].inp");
+    UseEngine(
+        "#!/bin/sh\nsleep 0.3\nprintf '0 365\\r\\n' > Progress.txt\nsleep 0.3\n"
+        "printf '183 365\\r\\n' > Progress.txt\nsleep 0.3\n"
+        "printf 'garbage\\r\\n' > Progress.txt\nsleep 0.3\nexit 0\n");
+    WriteFileAtomic(root_ / "temp" / "Progress.txt", "365 365\r\n");  // an earlier run's
+    RunSimController c = Controller();
+    c.OpenRun();
+    ASSERT_TRUE(c.ExecuteRun());
+    std::vector<int> seen;
+    while (c.Wait(50)) seen.push_back(c.fields()["ProgressBar1"].value);
+    ASSERT_FALSE(seen.empty());
+    EXPECT_EQ(seen.front(), 0);  // the earlier run's record was removed
+    EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end()));
+    EXPECT_NE(std::find(seen.begin(), seen.end(), 183 * 100 / 365 * 95 / 100), seen.end());
+    EXPECT_LT(seen.back(), 95);  // a record it cannot read does not move the bar
+    EXPECT_TRUE(c.EngineCompleted());
+}
+
+TEST(EngineProgressTest, ReadsDaysDoneOfDays) {
+    const fs::path root =
+        fs::temp_directory_path() / ("solvane_progress_" + std::to_string(getpid()));
+    fs::create_directories(root / "temp");
+    const ProgramPaths paths(root);
+    EXPECT_FALSE(EngineProgress(paths));
+    for (const auto& [text, expected] :
+         std::vector<std::pair<std::string, std::optional<int>>>{{"0 365\r\n", 0},
+                                                                 {"73 365\r\n", 20},
+                                                                 {"400 365", 100},
+                                                                 {"12", std::nullopt},
+                                                                 {"5 0", std::nullopt},
+                                                                 {"-1 10", std::nullopt},
+                                                                 {"", std::nullopt}}) {
+        WriteFileAtomic(root / "temp" / "Progress.txt", text);
+        EXPECT_EQ(EngineProgress(paths), expected) << text;
+    }
+    fs::remove_all(root);
+}
+
 TEST_F(RunSimTest, TimeLimitStopsTheEngine) {
     Load("Small Office [two levels, I-P].inp");
     UseEngine("#!/bin/sh\nwhile :; do sleep 1; done\n");
@@ -201,6 +241,9 @@ TEST_F(RunSimTest, RealEngineAndReviewResults) {
     ASSERT_TRUE(c.ExecuteRun());
     while (c.Wait(200)) {
     }
+    // The engine kept its record of the days: all of the year at the end.
+    EXPECT_EQ(TempLines("Progress.txt"), std::vector<std::string>{"365 365"});
+    EXPECT_EQ(c.fields()["ProgressBar1"].value, 100);
     ASSERT_TRUE(c.ReviewResults());
     EXPECT_EQ(session_.model.flags.OutputAvailable, 1);
     EXPECT_EQ(session_.model.flags.PendingAfterSave, 0);
