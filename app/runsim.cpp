@@ -48,7 +48,7 @@ RunSimScreen::RunSimScreen(RunSimController& controller,
       showResults_(std::move(showResults)) {
     setObjectName("runsim");
     timer_ = new QTimer(this);
-    timer_->setInterval(200);
+    timer_->setInterval(100);
     connect(timer_, &QTimer::timeout, this, &RunSimScreen::Poll);
     auto* edits = new FieldEdits(controller_.fields(), {}, this);
     auto* layout = new QVBoxLayout(this);
