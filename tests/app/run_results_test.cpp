@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -129,6 +130,21 @@ TEST_F(RunResultsTest, RunASampleSeeProgressAndTheEnergyBreakdown) {
     EXPECT_NE(source->windowTitle().indexOf("Breakdown of Annual Energy"), -1);
     EXPECT_EQ(shell_->session().model.flags.OutputAvailable, 1);
     Snapshot(source, "source");
+
+    // The benchmark: the survey text and the picture of the project's units.
+    Find<QAbstractButton>(source, "Label5")->click();
+    auto* eui = source->findChild<QWidget*>("EUI");
+    ASSERT_TRUE(eui && eui->isVisible());
+    EXPECT_NE(Find<QPlainTextEdit>(eui, "Text1")->toPlainText().indexOf("2012 CBECS survey"), -1);
+    EXPECT_NE(Find<QLabel>(eui, "Label3")->text().indexOf("Climate Zone"), -1);
+    auto* picture = Find<QLabel>(eui, "Image1_1");
+    EXPECT_TRUE(picture->isVisible());
+    EXPECT_FALSE(picture->pixmap().isNull());
+    EXPECT_FALSE(Find<QLabel>(eui, "Image1_2")->isVisible());
+    Snapshot(eui, "eui");
+    QTest::keyClick(eui, Qt::Key_Escape);
+    EXPECT_FALSE(eui->isVisible());
+    EXPECT_TRUE(source->isVisible());
 
     // The loads chart and its export.
     Find<QAbstractButton>(source, "viewoutput")->click();

@@ -233,15 +233,21 @@ TEST_F(ResultViewTest, ChartsAndBenchmarkFromARealReport) {
     EXPECT_FALSE(c.fields.Text("Label3_3").empty());
     ASSERT_TRUE(c.Show(ChartKind::Monthly, canvas));
     EXPECT_FALSE(c.ShowView(1, canvas));  // no utility costs in the report
-    ScreenFields eui;
-    EXPECT_FALSE(c.Benchmark(eui));  // no building type chosen
+    EXPECT_FALSE(c.eui.Open());           // no building type chosen
     session_.model.session.BuildingType = 25;
     session_.model.btypes.BTypeName[25] = "Office";
     session_.model.btypes.BTypeEUILow[25] = 1000;
     session_.model.btypes.BTypeEUIHigh[25] = 2000;
-    ASSERT_TRUE(c.Benchmark(eui));
-    EXPECT_NE(eui.Text("Text1").find("Congratulations!"), std::string::npos);
-    EXPECT_EQ(eui.Text("Label4").substr(0, 22), "Your Site Line EUI is ");
+    ASSERT_TRUE(c.eui.Open());
+    EXPECT_NE(c.eui.fields.Text("Text1").find("Congratulations!"), std::string::npos);
+    EXPECT_EQ(c.eui.fields.Text("Label4").substr(0, 22), "Your Site Line EUI is ");
+    EXPECT_EQ(c.eui.fields.Text("Heading"),
+              "Building EUI Information including the CBECS survey \nvalues");
+    // One picture per unit system; the project's is the one shown.
+    session_.model.session.Units = 2;
+    ASSERT_TRUE(c.eui.Open());
+    EXPECT_TRUE(c.eui.fields.Visible("Image1_2"));
+    EXPECT_FALSE(c.eui.fields.Visible("Image1_1"));
 }
 
 }  // namespace
