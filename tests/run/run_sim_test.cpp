@@ -218,6 +218,35 @@ TEST(EngineProgressTest, ReadsDaysDoneOfDays) {
     fs::remove_all(root);
 }
 
+TEST_F(RunSimTest, CancelMidwayThroughARealRun) {
+    Load("Hotel [four storeys, I-P].inp");
+    UseEngine();
+    WriteFileAtomic(root_ / "temp" / "ecalc$.out", "earlier results\r\n");
+    const ProjectModel before = session_.model;
+    RunSimController c = Controller();
+    c.OpenRun();
+    c.fields().At("Text1", 2).text = "24";
+    ASSERT_TRUE(c.ExecuteRun());
+    // Cancel once the engine has told its first days.
+    while (c.Wait(5) && c.fields()["ProgressBar1"].value == 0) {
+    }
+    ASSERT_TRUE(c.Running()) << "the run ended before it could be cancelled";
+    c.Cancel();
+    EXPECT_FALSE(c.Running());
+    EXPECT_FALSE(c.EngineCompleted());
+    EXPECT_EQ(session_.model.ProjectData, before.ProjectData);
+    EXPECT_EQ(session_.model.climate.DesTemps, before.climate.DesTemps);
+    EXPECT_EQ(session_.model.flags.RunDone, 0);
+    EXPECT_EQ(ReadTextFile(root_ / "temp" / "ecalc$.out"), "earlier results\r\n");
+    // The engine left its record of the stop and none of its reports.
+    for (const char* name : {"sim$.out", "ecalc$.wth", "ecalc$.flt", "Progress.txt"})
+        EXPECT_FALSE(fs::exists(root_ / "temp" / name)) << name;
+    const auto monitor = ReadTextFile(root_ / "temp" / "Monitor.txt").value_or("");
+    EXPECT_NE(monitor.find("STOPPED BEFORE IT COMPLETED"), std::string::npos) << monitor;
+    EXPECT_TRUE(c.fields().Enabled("Command1"));
+    EXPECT_FALSE(c.fields().Visible("ProgressBar1"));
+}
+
 TEST_F(RunSimTest, TimeLimitStopsTheEngine) {
     Load("Small Office [two levels, I-P].inp");
     UseEngine("#!/bin/sh\nwhile :; do sleep 1; done\n");
