@@ -226,7 +226,14 @@ Site ClimateSite(const std::string& line2) {
 ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
                                   const std::string& buildingMatrix) {
     ProjectRunInputs out;
-    const std::vector<LevelHeight> levels = ReadLevelHeights(buildingMatrix);
+    // The engine's copy of a project in SI holds I-P values but for two
+    // things the unit writer leaves as they are: the receptacle load (W per
+    // sq.m.) and the building matrix (metres). The head line's word says so.
+    const bool siProject = m.session.Units == 2;
+    std::vector<LevelHeight> levels = ReadLevelHeights(buildingMatrix);
+    if (siProject)
+        for (LevelHeight& lv : levels) lv.roomHeight *= UnitFactor::LengthSiToIp;
+    const double receptacleToIp = siProject ? UnitFactor::AreaIpToSi : 1.0;
     // The week follows the profiles' weekday, Saturday and Sunday rows.
     if (NumVal(m.ProjectData[kHolidays]) > 0)
         out.notes.push_back("Project: not simulated in this run: annual holidays (An Hldays)");
@@ -325,7 +332,7 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
         zone.gains.peopleProfile = profileIndex(kOccupancy, f[6], 0.01, 0);
         zone.gains.lights = NumVal(f[13]) * areaFt2;
         zone.gains.lightsProfile = profileIndex(kLights, f[14], 0.01, 0);
-        zone.gains.equipment = NumVal(f[15]) * areaFt2;
+        zone.gains.equipment = NumVal(f[15]) * receptacleToIp * areaFt2;
         zone.gains.equipmentProfile = profileIndex(kReceptacles, f[16], 0.01, 0);
         zone.infiltrationAch = NumVal(f[23]);
         // Outdoor air by its prefix.

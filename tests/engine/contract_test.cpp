@@ -83,7 +83,14 @@ std::vector<std::string> RunEngine(const std::string& dirName, int runType,
     fs::remove_all(dir);
     fs::create_directories(dir);
     std::string inp = ReadTextFile(kSource + "/tests/engine/projects/case600.inp").value_or("");
-    if (si) inp.replace(inp.find("  IP\r\n"), 6, "  SI\r\n");  // the user works in SI
+    if (si) {
+        // The user works in SI: the engine's copy is in I-P but for what the
+        // unit writer leaves in SI, the receptacle load (W per sq.m.) and the
+        // building matrix (metres).
+        inp.replace(inp.find("  IP\r\n"), 6, "  SI\r\n");
+        inp.replace(inp.find("Receptacle.3871"), 15, "Receptacle 4.1667");  // 0.3871 W/sq.ft.
+        inp.replace(inp.find("Room Height :8.8583"), 19, "Room Height :2.7");  // 8.8583 ft
+    }
     EXPECT_TRUE(WriteFileAtomic(dir / "ecalc$.inp", inp));
     fs::copy_file(kSource + "/tests/fixtures/weather/725650TYCST.epw", dir / "ecalc$.tmy");
     EXPECT_TRUE(WriteFileAtomic(dir / "ecalc$.tmp", ControlText(runType)));

@@ -7,7 +7,9 @@
 
 #include <filesystem>
 
+#include "core/numeric_helpers.h"
 #include "core/text_file.h"
+#include "engine/project_translation.h"
 #include "sample_program.h"
 
 namespace fs = std::filesystem;
@@ -133,6 +135,34 @@ TEST_F(RunSimTest, SiProjectSendsImperialToTheEngine) {
         return l.find("SQ.M. OF HORIZONTAL SURFACE") != std::string::npos;
     });
     EXPECT_TRUE(siLine);
+}
+
+TEST_F(RunSimTest, SiProjectReachesTheEngineWithItsOwnSizes) {
+    // The engine's copy of an SI project is in I-P but for the receptacle
+    // load and the building matrix; the engine's building has the zone's
+    // true volume and receptacle power all the same.
+    Load("Primary School [SI].inp");
+    ASSERT_TRUE(WriteEngineInput(session_, prompt_, true, [] { return 0.5; }));
+    const auto inp = ReadTextFile(root_ / "temp" / "ecalc$.inp");
+    ASSERT_TRUE(inp);
+    const fs::path work = root_ / "engine_work";
+    fs::create_directories(work / "temp");
+    fs::create_directories(work / "sketch");
+    Session engine;
+    engine.paths = ProgramPaths(work);
+    ScriptedPrompt quiet;
+    ASSERT_EQ(ReadProjectFile(engine, quiet, *inp, "ecalc$.inp", {}), ReadStatus::Read);
+    const auto matrix = ReadTextFile(work / "sketch" / "bld_mtx.all").value_or("");
+    const engine::ProjectRunInputs in = engine::TranslateProject(engine.model, 3, matrix);
+    ASSERT_FALSE(in.building.zones.empty());
+    const auto& zone = in.building.zones[0];
+    const auto& f = session_.model.zones.ZoneData[1];
+    ASSERT_EQ(f[2], "Classrooms South");
+    const double area = NumVal(f[3]);  // sq.m.
+    EXPECT_NEAR(zone.floorArea, area, 0.01 * area);
+    EXPECT_NEAR(zone.volume, area * 3.5, 0.01 * area * 3.5);  // 3.5 m rooms
+    EXPECT_NEAR(zone.gains.equipment, NumVal(f[15]) * area, 0.01 * NumVal(f[15]) * area);
+    EXPECT_NEAR(zone.gains.lights, NumVal(f[13]) * area, 0.02 * NumVal(f[13]) * area);
 }
 
 TEST_F(RunSimTest, BadDatesAndMissingRecordedFileStopBeforeTheEngine) {
