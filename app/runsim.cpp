@@ -162,8 +162,11 @@ void RunSimScreen::ShowFields() {
     for (int i = 0; i < 12; ++i) {
         auto* mon = findChild<QPushButton*>(QString("mon_%1").arg(i));
         if (mon)
-            mon->setStyleSheet(QString::asprintf("background: #%06x;",
-                                                 static_cast<unsigned>(f.At("mon", i).color)));
+            // A push button paints a style sheet's background only with a
+            // border of the sheet's own.
+            mon->setStyleSheet(QString::asprintf(
+                "QPushButton { background-color: #%06x; border: 1px solid #b0b0b0; }",
+                static_cast<unsigned>(f.At("mon", i).color)));
     }
     // While the engine runs only Cancel answers.
     const bool running = controller_.Running();

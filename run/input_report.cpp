@@ -17,15 +17,21 @@ void PageHead(Page& p) {
     LineWriter& out = p.out;
     PrintPageFooter(out, p.number);
     const auto& d = p.model.ProjectData;
-    out.Text("*** PROJECT:     " + d[kProjName]).Column(75).Text("LOCATION:     " + d[kLocation]);
+    // The left column's texts stop short of the right column.
+    const auto left = [&d](int i) { return Cut(d[i], 57); };
+    out.Text("*** PROJECT:     " + left(kProjName))
+        .Column(75)
+        .Text("LOCATION:     " + d[kLocation]);
     out.EndLine();
-    out.Text("    DESCRIPTION: " + d[kProjDesc])
+    out.Text("    DESCRIPTION: " + left(kProjDesc))
         .Column(75)
         .Text("Design Phase: " + d[kDesignStage]);
     out.EndLine();
-    out.Text("    TYPE:        " + d[kBldType]).Column(75).Text("SCHEME:       " + d[kSchemeNum]);
+    out.Text("    TYPE:        " + left(kBldType))
+        .Column(75)
+        .Text("SCHEME:       " + d[kSchemeNum]);
     out.EndLine();
-    out.Text("    WEATHER YR.: " + d[kConYear]).Column(75);
+    out.Text("    WEATHER YR.: " + left(kConYear)).Column(75);
     out.Text("Date of Run:  " + p.stamp.date + ", " + p.stamp.time).EndLine();
 }
 

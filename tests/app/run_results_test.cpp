@@ -96,6 +96,11 @@ TEST_F(RunResultsTest, RunASampleSeeProgressAndTheEnergyBreakdown) {
     QWidget* run = OpenRunScreen();
     ASSERT_NE(run, nullptr);
     EXPECT_EQ(Find<QLineEdit>(run, "Text1_0")->text(), "1-Jan");
+    auto* july = Find<QAbstractButton>(run, "mon_6");
+    july->click();  // July marked: skipped
+    // The mark shows: the button is painted in the marking colour.
+    const QImage shot = july->grab().toImage();
+    EXPECT_EQ(shot.pixelColor(shot.width() / 2, 3).rgb() & 0xFFFFFF, 0xFFFF80u);
     Snapshot(run, "runsim");
 
     QSignalSpy finished(shell_->runSim(), &RunSimScreen::runFinished);

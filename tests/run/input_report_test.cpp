@@ -113,6 +113,18 @@ TEST_F(InputReportTest, PagesComeInOrderWithTheirFurniture) {
     EXPECT_EQ(At(lines[systems + 6], 119, 8), "GAS HEAT");
 }
 
+TEST_F(InputReportTest, PageHeadKeepsItsTwoColumns) {
+    Load(kSchool);
+    const std::string description = session_.model.ProjectData[kProjDesc];
+    ASSERT_GT(description.size(), 57u);  // longer than the left column
+    const auto lines = Lines(Write());
+    const std::size_t head = Find(lines, "    DESCRIPTION: ", 1);
+    ASSERT_LT(head, lines.size());
+    EXPECT_EQ(lines[head].substr(17, 57), description.substr(0, 57));
+    EXPECT_EQ(At(lines[head], 75, 14), "Design Phase: ");
+    EXPECT_EQ(At(lines[head + 1], 5, 5), "TYPE:");
+}
+
 TEST_F(InputReportTest, ZonePageColumns) {
     Load(kOffice);
     const auto lines = Lines(Write());
