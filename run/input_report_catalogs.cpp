@@ -46,7 +46,7 @@ void WindowCatalog(Page& p) {
     out.Column(9).Text("WINDOW").Column(77).Text("U-").Column(87).Text("SOLAR HT.");
     out.Column(107).Text("DAYLIGHT").Column(123).Text("COST").EndLine();
     out.Column(10).Text("ID").Column(17).Text("NAME").Column(75).Text("FACTOR");
-    out.Column(86).Text("GN. COEF.").Column(96).Text("EMISSIVITY").Column(108).Text("TRANS.");
+    out.Column(84).Text("GN. COEF.").Column(98).Text("EMISSIVITY").Column(108).Text("TRANS.");
     out.Column(121).Text(p.si() ? "($/SQ.M.)" : "($/SQ.FT.)").EndLine();
     for (int i = 1; i <= kMaxCatalog; ++i) {
         if (!w.WindowUsed[i]) continue;

@@ -104,24 +104,21 @@ void ComplianceBlock(Page& p, const ComplianceFigures& c, bool building) {
     out.Column(30).Text(std::string(si ? 11 : 12, '-'));
     out.Column(50).Text(std::string(si ? 24 : 26, '-')).EndLine();
     out.Column(7).Text("Total Envelope:").EndLine();
-    Figure(out, 10, "Roof UA=", c.roofUA, 1);
-    Figure(out, 30, "Roof A=", c.roofArea, 0);
-    Figure(out, 50, "Ur=", c.RoofU(), 4);
-    out.EndLine();
-    Figure(out, 30, "Glass A=", c.skylightArea, 0);
-    Figure(out, 50, "% Glass=", c.SkylightPercent(), 1);
-    out.EndLine();
-    Figure(out, 10, "Wall UA=", c.wallUA, 1);
-    Figure(out, 30, "Wall A=", c.wallArea, 0);
-    Figure(out, 50, "Uw=", c.WallU(), 4);
-    out.EndLine();
-    Figure(out, 30, "Glass A=", c.windowArea, 0);
-    Figure(out, 50, "% Glass=", c.WindowPercent(), 1);
-    out.EndLine();
-    Figure(out, 10, "Env  UA=", c.EnvelopeUA(), 1);
-    Figure(out, 30, "Env  A=", c.EnvelopeArea(), 0);
-    Figure(out, 50, "Uo=", c.EnvelopeU(), 4);
-    out.EndLine();
+    // UA, area and average U of a part of the envelope, then its glass.
+    const auto part = [&out](const char* ua, const char* area, const char* u, double uaValue,
+                             double areaValue, const double* glass, double percent) {
+        Figure(out, 10, ua, uaValue, 1);
+        Figure(out, 30, area, areaValue, 0);
+        Figure(out, 50, u, areaValue > 0 ? uaValue / areaValue : 0, 4);
+        out.EndLine();
+        if (!glass) return;
+        Figure(out, 30, "Glass A=", *glass, 0);
+        Figure(out, 50, "% Glass=", percent, 1);
+        out.EndLine();
+    };
+    part("Roof UA=", "Roof A=", "Ur=", c.roofUA, c.roofArea, &c.skylightArea, c.SkylightPercent());
+    part("Wall UA=", "Wall A=", "Uw=", c.wallUA, c.wallArea, &c.windowArea, c.WindowPercent());
+    part("Env  UA=", "Env  A=", "Uo=", c.EnvelopeUA(), c.EnvelopeArea(), nullptr, 0);
     out.Column(7).Text("Lighting:").EndLine();
     Figure(out, 9, building ? "Total Bldg Watts =" : "Total Zone Watts =", c.watts, 0, 12);
     out.EndLine();

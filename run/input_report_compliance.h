@@ -15,11 +15,8 @@ struct ComplianceFigures {
     double watts = 0, floorArea = 0;
     double outdoorAir = 0, people = 0;  // CFM or L/s, persons
 
-    double RoofU() const { return roofArea > 0 ? roofUA / roofArea : 0; }
-    double WallU() const { return wallArea > 0 ? wallUA / wallArea : 0; }
     double EnvelopeUA() const { return roofUA + wallUA; }
     double EnvelopeArea() const { return roofArea + wallArea; }
-    double EnvelopeU() const { return EnvelopeArea() > 0 ? EnvelopeUA() / EnvelopeArea() : 0; }
     double SkylightPercent() const { return roofArea > 0 ? 100 * skylightArea / roofArea : 0; }
     double WindowPercent() const { return wallArea > 0 ? 100 * windowArea / wallArea : 0; }
     double LightingPowerDensity() const { return floorArea > 0 ? watts / floorArea : 0; }
