@@ -207,6 +207,7 @@ std::vector<FileZone> ZonesOfFile(const std::string& text) {
             continue;
         }
         if (label == "Zone No.  ") zones.emplace_back();
+        if (zones.empty()) continue;
         FileZone& z = zones.back();
         if (label == "Flr. Area ") z.area = NumVal(value);
         if (label == "No.People ") z.people = NumVal(value);
