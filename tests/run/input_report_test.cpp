@@ -113,6 +113,25 @@ TEST_F(InputReportTest, PagesComeInOrderWithTheirFurniture) {
     EXPECT_EQ(At(lines[systems + 6], 119, 8), "GAS HEAT");
 }
 
+TEST_F(InputReportTest, BuildingDataAndTheSystemsFileAsItStands) {
+    Load(kOffice);
+    // A systems table the HVAC screen wrote stands in the report line for line.
+    WriteFileAtomic(root_ / "Codes" / "tcool9.dat", "  SYSTEMS AS EDITED\r\n   1  MY SYSTEM\r\n");
+    const auto lines = Lines(Write());
+    const std::size_t systems = Find(lines, "HVAC SYSTEMS CATALOG", 2);
+    ASSERT_LT(systems + 3, lines.size());
+    EXPECT_EQ(lines[systems + 2], "  SYSTEMS AS EDITED");
+    EXPECT_EQ(lines[systems + 3], "   1  MY SYSTEM");
+    // Floor area, cost, days, holidays and the two floors of the sketch.
+    const std::size_t data = Find(lines, "BUILDING DATA .....", 5);
+    ASSERT_LT(data + 3, lines.size());
+    const std::string& row = lines[data + 3];
+    EXPECT_EQ(At(row, 9, 10), "     12000");
+    EXPECT_EQ(At(row, 22, 11), "        210");
+    EXPECT_EQ(At(row, 59, 45), "    0.0    0.0      0.0    0.0      0.0   0.0");
+    EXPECT_EQ(At(row, 110, 2), "2");
+}
+
 TEST_F(InputReportTest, PageHeadKeepsItsTwoColumns) {
     Load(kSchool);
     const std::string description = session_.model.ProjectData[kProjDesc];
