@@ -105,7 +105,9 @@ void ZoneSystems(Page& p, int z, const ReportFiles& files) {
 
     const int heating = static_cast<int>(NumVal(f[21]));
     const bool fuelKnown = heating >= 1 && heating <= 3;
-    const std::string fuel = fuelKnown ? files.fuelName[static_cast<std::size_t>(heating)] : "";
+    // The fuel's name without its qualifier: "Gas" of "Gas / fossil".
+    std::string fuel = fuelKnown ? files.fuelName[static_cast<std::size_t>(heating)] : "";
+    fuel = fuel.substr(0, fuel.find(" /"));
     out.Column(6).Text(MaskedText(f[3], 0, 10)).Column(21).Text(MaskedText(f[4], 1, 8));
     out.Column(31).Text(Cut(HvacTypeName(static_cast<int>(NumVal(f[20]))), 24));
     out.Column(56).Text(IsYes(m.zones.ZoneEconCycle[z]) ? "Yes" : "No");

@@ -165,7 +165,8 @@ TEST_F(InputReportTest, ZonePageColumns) {
     EXPECT_EQ(At(values, 31, 24), "Packaged VAV w/ reheat (");
     EXPECT_EQ(At(values, 56, 3), "Yes");
     EXPECT_EQ(At(values, 64, 16), "1st COST =  2200");
-    EXPECT_EQ(At(values, 82, 12), "Gas / fossil");
+    EXPECT_EQ(At(values, 82, 4), "Gas ");
+    EXPECT_EQ(At(values, 95, 4), "Gas ");
     EXPECT_EQ(At(values, 107, 19), "Fluorescent Tubular");
     EXPECT_EQ(At(values, 127, 5), "  2.5");
     EXPECT_EQ(At(lines[rule + 2], 30, 26), "(SEER= 12.2, S.P.=2.5w.g.)");
