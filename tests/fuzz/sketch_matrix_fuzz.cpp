@@ -2,8 +2,8 @@
 // \sketch\bld_mtx.all and the sketch screen loads it as it does on entry
 // (split into level files, head lines, level 1 shown with its full redraw
 // and scanned). A drawing that loads is then walked as a user would: a level
-// up and back down (each writing the level on screen and reading the other),
-// the 3D view of the stored rectangles, and the level files joined again.
+// up (writing the level on screen and reading the next, or adding one), the
+// 3D view of the stored rectangles, and the level files joined again.
 // A drawing that cannot be read must say so and leave bld_mtx.all as it was.
 #include <cstdint>
 #include <filesystem>
@@ -15,6 +15,7 @@
 #include "sketch/draw_form.h"
 #include "sketch/isometric.h"
 #include "sketch/sketch_files.h"
+#include "tests/fuzz/sampled_canvas.h"
 #include "tests/fuzz/scratch_folder.h"
 #include "ui/raster_canvas.h"
 #include "ui/scripted_prompt.h"
@@ -53,8 +54,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const fs::path all = session.paths.Resolve(kMatrixAllFile);
     WriteFileAtomic(all, text);
 
-    // One pixel per sheet unit, as the sketch screen's own raster.
-    RasterCanvas canvas(1000, 600);
+    // One pixel per sheet unit, as the sketch screen's own raster, keeping
+    // the pixels the cells are read from.
+    fuzz::SampledCanvas canvas(1000, 600);
     ScriptedPrompt prompt;
     DrawFormController form(session, canvas, prompt);
     if (!form.Load()) {
@@ -64,9 +66,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     }
     form.LevelUp();
-    form.LevelDown();
 
-    RasterCanvas picture(320, 240);
+    RasterCanvas picture(160, 120);
     IsometricController iso(picture, prompt);
     iso.Open(form.Scene());
     iso.View(1);
