@@ -23,6 +23,7 @@
 #include "app/result_screens.h"
 #include "app/runsim.h"
 #include "core/text_file.h"
+#include "tests/app/app_fixture.h"
 #include "ui/scripted_prompt.h"
 
 namespace fs = std::filesystem;
@@ -30,33 +31,9 @@ namespace fs = std::filesystem;
 namespace solvane {
 namespace {
 
-class RunResultsTest : public ::testing::Test {
+class RunResultsTest : public test::AppFixture {
   protected:
-    void SetUp() override {
-        root_ = fs::temp_directory_path() /
-                ("solvane_runapp_" + std::to_string(::getpid()) + "_" +
-                 ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(root_);
-        fs::create_directories(root_);
-        for (const char* dir :
-             {"Codes", "profiles", "Bldg-Prop", "Helpinfo", "sketch", "sample", "images", "temp"})
-            fs::copy(fs::path(SOLVANE_DATA_DIR) / dir, root_ / dir, fs::copy_options::recursive);
-        // The climate files are only read: shared, not copied.
-        fs::create_directory_symlink(fs::path(SOLVANE_DATA_DIR) / "weather", root_ / "weather");
-        fs::remove(root_ / "temp" / "ecalc$.unt");
-        shell_ = std::make_unique<AppShell>(ProgramPaths(root_), prompt_);
-        shell_->Start(StartupEnvironment{});
-    }
-    void TearDown() override {
-        shell_.reset();
-        fs::remove_all(root_);
-    }
-    template <typename T>
-    T* Find(QWidget* screen, const char* name) {
-        T* w = screen->findChild<T*>(name);
-        EXPECT_NE(w, nullptr) << name;
-        return w;
-    }
+    bool ShareClimateFiles() const override { return true; }
     // Begins in I-P, opens the office sample and goes to the run screen.
     QWidget* OpenRunScreen() {
         prompt_.Queue(Answer::No);
@@ -78,14 +55,6 @@ class RunResultsTest : public ::testing::Test {
         EXPECT_TRUE(run->isVisible());
         return run;
     }
-    static void Snapshot(QWidget* screen, const char* name) {
-        if (const char* dir = std::getenv("SOLVANE_SCREENSHOTS"))
-            screen->grab().save(QString("%1/%2.png").arg(dir, name));
-    }
-
-    fs::path root_;
-    ScriptedPrompt prompt_;
-    std::unique_ptr<AppShell> shell_;
 };
 
 TEST_F(RunResultsTest, RunASampleSeeProgressAndTheEnergyBreakdown) {

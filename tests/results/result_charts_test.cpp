@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "ui/raster_canvas.h"
 
 namespace solvane {
@@ -84,6 +86,31 @@ TEST(MonthlyChart, PointsStartAtTheReportsFirstMonth) {
     EXPECT_EQ(canvas.ColorAt(145, 494), 0x0000C0u);
     EXPECT_EQ(f.Text("Label4"), "GJoules");
     EXPECT_EQ(f.Text("Totcool").substr(0, 23), "Total Cooling Energy = ");
+}
+
+TEST(MonthlyChart, CostsBeyondTheScaleRunOffTheChartAndNoFurther) {
+    // The scale follows the total column; a gas figure far beyond it, or
+    // beyond any number, is drawn toward the edge and is no pixel number
+    // out of range.
+    MonthlyCosts c;
+    for (int m = 0; m < 12; ++m) c.total[m] = 100, c.elec[m] = 50;
+    c.gas[0] = 1e300;
+    c.gas[1] = -1e300;
+    c.gas[2] = std::numeric_limits<double>::infinity();
+    c.scale = 100;
+    RasterCanvas canvas(kW, kH);
+    ScreenFields f;
+    DrawMonthlyCosts(c, {"store.inp", "Store"}, f, canvas);
+    // The gas line crosses the whole canvas between January and February.
+    const auto gasIn = [&](int y) {
+        for (int x = 145; x <= 205; ++x)
+            if (canvas.ColorAt(x, y) == 0xFF0000u) return true;
+        return false;
+    };
+    EXPECT_TRUE(gasIn(0));
+    EXPECT_TRUE(gasIn(kH - 1));
+    // The total's points stand where the scale puts them: 1450, 5000 - 3500.
+    EXPECT_EQ(canvas.ColorAt(145, 150), 0x008000u);
 }
 
 }  // namespace
