@@ -60,6 +60,15 @@ bool ParseOptions(const std::vector<std::string>& args, Options& options, std::s
                 error = "--time-limit needs a number of seconds above 0";
                 return false;
             }
+        } else if (a == "--threads") {
+            const std::string value = i + 1 < args.size() ? args[++i] : std::string();
+            const double n = NumVal(value);
+            if (value.empty() || value.find_first_not_of("0123456789") != std::string::npos ||
+                !(n >= 1 && n <= 256)) {
+                error = "--threads needs a whole number from 1 to 256";
+                return false;
+            }
+            options.threads = static_cast<int>(n);
         } else if (a.rfind("--home=", 0) == 0) {
             options.home = a.substr(7);
         } else if (!a.empty() && a[0] == '-') {
@@ -90,6 +99,7 @@ void PrintHelp(std::ostream& out) {
            "  --passive        run: comfort analysis with no HVAC\n"
            "  --repeat-weather run: use the fixed simulated weather sequence\n"
            "  --time-limit S   run: stop the engine after S seconds (default 3600)\n"
+           "  --threads N      run: the engine steps its zones on N threads (default: all cores)\n"
            "  --seed VALUE     run: the simulated weather's seed, 0 <= VALUE < 1\n"
            "  --period A B     run: first and last day, e.g. --period 1-Jan 31-Dec\n"
            "  --recorded FILE  run: a recorded weather year (EPW) instead of simulated weather\n"
@@ -188,6 +198,7 @@ int RunProject(const Options& options, const std::string& executable, std::ostre
         return std::string(buf);
     };
     services.timeLimitSeconds = options.timeLimit;
+    services.engineThreads = options.threads;
     RunSimController run(session, prompt, services);
     run.OpenRun();
     ScreenFields& f = run.fields();

@@ -69,6 +69,7 @@ struct RunOptions {
     double comfortUpper = 27.0;        // C
     int warmupDays = 10;               // run before the period, repeated until settled
     bool keepHourly = true;            // keep the 8760 hourly series
+    int threads = 0;                   // zones stepped at once; 0: the machine's core count
 };
 
 struct ZoneResults {

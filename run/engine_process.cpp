@@ -27,13 +27,18 @@ std::filesystem::path EnginePath(const ProgramPaths& paths) {
     return inFolder;
 }
 
-EngineProcess StartEngine(const ProgramPaths& paths, std::string& error) {
+EngineProcess StartEngine(const ProgramPaths& paths, std::string& error, int threads) {
     const std::string program = EnginePath(paths).string();
     const std::string temp = paths.Resolve("temp").string();
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addchdir_np(&actions, temp.c_str());
-    char* argv[] = {const_cast<char*>(program.c_str()), nullptr};
+    const std::string threadsOption = "--threads", threadsValue = std::to_string(threads);
+    char* argv[] = {const_cast<char*>(program.c_str()), nullptr, nullptr, nullptr};
+    if (threads > 0) {
+        argv[1] = const_cast<char*>(threadsOption.c_str());
+        argv[2] = const_cast<char*>(threadsValue.c_str());
+    }
     pid_t pid = -1;
     const int rc = posix_spawn(&pid, program.c_str(), &actions, nullptr, argv, environ);
     posix_spawn_file_actions_destroy(&actions);
