@@ -495,6 +495,7 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
         // Per-face scratch of the hour: absorbed outside solar (W/m2) and
         // inside sources (W).
         std::vector<double> outsideSolar(ns), src(ns);
+        double held = record ? detail::StoredHeat(st, dt) : 0.0;
         for (int day = firstDay; day <= lastDay; ++day) {
             const int month = MonthOfDay(day);
             const int weekday = (opt.firstWeekday + day) % 7;
@@ -573,7 +574,7 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
 
                 double hourQh = 0, hourQc = 0, hourT = 0;
                 std::array<double, kComponentCount> heatComp{}, coolComp{};
-                double hIn = 0, hOut = 0, hStored = 0;
+                double hIn = 0, hOut = 0;
                 // Films once an hour, from the first step's weather and the
                 // last temperatures.
                 in.tOut = stepWeather[0].tOut;
@@ -610,9 +611,13 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                     }
                     hIn += r.in * invSteps;
                     hOut += r.out * invSteps;
-                    hStored += r.stored * invSteps;
                 }
                 if (!record) continue;
+                // What the zone stored over the hour: the change of what it
+                // holds, as the mean of the hour in W (= Wh).
+                const double heldNow = detail::StoredHeat(st, dt);
+                const double hStored = (heldNow - held) * invSteps;
+                held = heldNow;
                 // Hour totals (W over one hour = Wh).
                 if (opt.keepHourly) {
                     zr.airTemperature[hi] = static_cast<float>(hourT);

@@ -86,8 +86,11 @@ struct FaceStep {
     // Node 1 and node n-2 before the step, less their parts from the new
     // faces: sum alpha_i z_i and sum beta_i z_i (see ChainModes).
     double A1 = 0, AL = 0;
-    // Of the current step.
-    double E = 0, hoTe = 0, P = 0;
+    // The next step's outside face and right-hand side split into what the
+    // state gives and what the outdoor temperature adds, T_0 = P + q T_s with
+    // P = Ps + pT Tout, and E = Es + eT Tout: Ps and Es are set when a step
+    // ends (or the films change), pT and eT hold through the hour.
+    double Ps = 0, Es = 0, pT = 0, eT = 0;
 };
 
 // What the hourly outside film of a face under the weather reads (faces
@@ -120,7 +123,10 @@ struct ZoneState {
     double airCapacity = 0;  // J/K
     double tAir = 20, tAirOld = 20, tStar = 20;
     double m1 = 0, m2 = 0, a1 = 0, a2 = 0;  // zone sums held through the hour
-    double srcIn = 0, srcOut = 0;           // the faces' inside sources of the hour, W in and out
+    // The star and air equations' sums of the faces' E (see FaceStep): the
+    // state's part for the next step, and the outdoor temperature's factor.
+    double m0State = 0, a0State = 0, m0Out = 0, a0Out = 0;
+    double srcIn = 0, srcOut = 0;  // the faces' inside sources of the hour, W in and out
 };
 
 // What one zone sees in one step.
@@ -139,7 +145,7 @@ struct StepResult {
     double q = 0;  // ideal system, W, heating positive
     double tAir = 0;
     std::array<double, kComponentCount> gains{};  // W into the zone
-    double in = 0, out = 0, stored = 0;           // W across the zone's boundary
+    double in = 0, out = 0;                       // W across the zone's boundary
 };
 
 NaturalFactors NaturalFactorsFor(double cosUp);
@@ -157,5 +163,10 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
 
 // One step of a zone with the coefficients of the last refresh.
 StepResult StepZone(ZoneState& z, const StepInputs& in, double dt);
+
+// The heat the zone holds (air and every node), in W over one step of `dt`
+// (J / dt) from 0 C: the stored heat of a stretch of steps is the change of
+// it, divided by the number of steps for the stretch's mean in W.
+double StoredHeat(const ZoneState& z, double dt);
 
 }  // namespace solvane::engine::detail
