@@ -91,6 +91,10 @@ struct FaceStep {
     // P = Ps + pT Tout, and E = Es + eT Tout: Ps and Es are set when a step
     // ends (or the films change), pT and eT hold through the hour.
     double Ps = 0, Es = 0, pT = 0, eT = 0;
+    // Held through the hour for the step's flows: the face's gain to the room
+    // is gainFactor T_s less the component's sums (ZoneState), its flow in
+    // from outside outAir Tout + outFix - outT0 T_0.
+    double gainFactor = 0, outAir = 0, outFix = 0, outT0 = 0;
 };
 
 // What the hourly outside film of a face under the weather reads (faces
@@ -126,6 +130,10 @@ struct ZoneState {
     // The star and air equations' sums of the faces' E (see FaceStep): the
     // state's part for the next step, and the outdoor temperature's factor.
     double m0State = 0, a0State = 0, m0Out = 0, a0Out = 0;
+    // By component, through the hour: sum of area hc, of area hr and of the
+    // inside sources (a component's gain is sum gainFactor T_s - Ta sum A hc
+    // - Tm sum A hr - sum src).
+    std::array<double, kComponentCount> componentHc{}, componentHr{}, componentSrc{};
     double srcIn = 0, srcOut = 0;  // the faces' inside sources of the hour, W in and out
 };
 

@@ -197,6 +197,9 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
     // Inside face: diag T_s = rhs + hc (Ta - T_s) + hr (Tm - T_s) + source.
     double m1 = 0, m2 = 0, a1 = 0, a2 = 0, srcIn = 0, srcOut = 0;
     double m0State = 0, a0State = 0, m0Out = 0, a0Out = 0;
+    z.componentHc.fill(0.0);
+    z.componentHr.fill(0.0);
+    z.componentSrc.fill(0.0);
     const double tAir = z.tAir;
     const std::size_t count = z.faces.size();
     FaceStep* faces = z.faces.data();
@@ -225,6 +228,13 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
         a0State += f.airWeight * f.Es;
         m0Out -= f.starWeight * f.eT;
         a0Out += f.airWeight * f.eT;
+        f.gainFactor = A * (hc + hr);
+        f.outAir = A * f.hoAir;
+        f.outFix = A * f.hoFix;
+        f.outT0 = A * f.ho;
+        z.componentHc[f.component] += A * hc;
+        z.componentHr[f.component] += A * hr;
+        z.componentSrc[f.component] += f.src;
     }
     z.m1 = m1, z.m2 = m2, z.a1 = a1, z.a2 = a2;
     z.m0State = m0State, z.a0State = a0State, z.m0Out = m0Out, z.a0Out = a0Out;
@@ -281,8 +291,7 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
     const double* Ls = z.ls.data();
     const double* Alpha = z.alpha.data();
     const double* Beta = z.beta.data();
-    int component = z.faces.empty() ? 0 : z.faces.front().component;
-    double componentGain = 0;
+    std::array<double, kComponentCount> gain{};
     for (FaceStep& f : z.faces) {
         const double tsNew = f.w * (f.Es + f.eT * tOut + f.hc * ta + f.hr * tm);
         if (f.n == 1) {
@@ -310,20 +319,15 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
         SetNext(f);
         m0State -= f.starWeight * f.Es;
         a0State += f.airWeight * f.Es;
-        // Faces come in runs of one component (BuildZone's order): the gain
-        // is summed in a register and stored when the run ends.
-        if (f.component != component) {
-            r.gains[component] += componentGain;
-            component = f.component;
-            componentGain = 0;
-        }
-        componentGain += f.area * (f.hc * (tsNew - ta) + f.hr * (tsNew - tm)) - f.src;
-        const double outside = f.area * (f.hoAir * tOut + f.hoFix - f.ho * f.t0);
+        gain[f.component] += f.gainFactor * tsNew;
+        const double outside = f.outAir * tOut + f.outFix - f.outT0 * f.t0;
         flowIn += std::max(outside, 0.0);
         flowOut += std::max(-outside, 0.0);
     }
     z.m0State = m0State, z.a0State = a0State;
-    r.gains[component] += componentGain;
+    // Each component's gain to the room: A (hc (Ts - Ta) + hr (Ts - Tm)) - src.
+    for (int c = 0; c < kComponentCount; ++c)
+        r.gains[c] = gain[c] - ta * z.componentHc[c] - tm * z.componentHr[c] - z.componentSrc[c];
     r.gains[kCompInfiltration] = in.gInfiltration * (in.tOut - ta);
     r.gains[kCompOutdoorAir] = in.gOutdoorAir * (in.tOut - ta);
     r.gains[kCompNaturalVent] = gVent * (in.tOut - ta);
