@@ -62,7 +62,7 @@ struct HeatSurface {
 // The coefficients of one face that a step reads. The face's chain is its
 // outside face (temperature t0), its inside face (ts) and, between them,
 // m = n - 2 interior nodes held as modes (chain_modes.h) at begin..begin+m-1
-// of the zone's mode arrays. A one-node chain (a window, a thin massless
+// of the zone's modes. A one-node chain (a window, a thin massless
 // layer) keeps t0 equal to ts.
 struct FaceStep {
     int begin = 0, n = 1, m = 0;
@@ -97,6 +97,13 @@ struct FaceStep {
     double gainFactor = 0, outAir = 0, outFix = 0, outT0 = 0;
 };
 
+// One mode of a chain's interior: its amplitude, decay, drive by the two
+// faces, weights of node 1 and node n-2, and stored heat (see ChainModes).
+// Held together, so that a face's few modes are one short stretch of memory.
+struct ModeStep {
+    double z = 0, lambda = 0, lp = 0, ls = 0, alpha = 0, beta = 0, gamma = 0;
+};
+
 // What the hourly outside film of a face under the weather reads (faces
 // open to the outdoor air that are not windows), kept apart from the
 // described face so that the refresh streams through a short record.
@@ -121,9 +128,8 @@ struct ZoneState {
     std::vector<FaceStep> faces;
     std::vector<OutsideFilm> outsideFilms;
     std::vector<GroundFace> groundFaces;
-    // Mode arrays of all chains (see ChainModes): amplitude, decay, drive
-    // by the two faces, weights of node 1 and node n-2, stored heat.
-    std::vector<double> z, lambda, lp, ls, alpha, beta, gamma;
+    // Modes of all chains, face after face (see ChainModes).
+    std::vector<ModeStep> modes;
     double airCapacity = 0;  // J/K
     double tAir = 20, tAirOld = 20, tStar = 20;
     double m1 = 0, m2 = 0, a1 = 0, a2 = 0;  // zone sums held through the hour

@@ -96,8 +96,7 @@ void PackFaces(ZoneState& z, double dt) {
     std::size_t modes = 0;
     for (const HeatSurface& h : z.surfaces)
         modes += std::max<std::size_t>(h.chain.capacity.size(), 2) - 2;
-    for (std::vector<double>* v : {&z.z, &z.lambda, &z.lp, &z.ls, &z.alpha, &z.beta, &z.gamma})
-        v->assign(modes, 0.0);
+    z.modes.assign(modes, ModeStep{});
     z.faces.assign(z.surfaces.size(), FaceStep{});
     z.outsideFilms.clear();
     z.groundFaces.clear();
@@ -125,15 +124,16 @@ void PackFaces(ZoneState& z, double dt) {
         f.G1 = cm.G1, f.B1 = cm.B1, f.GL = cm.GL, f.BL = cm.BL;
         for (int j = 0; j < f.m; ++j) {
             const std::size_t at = static_cast<std::size_t>(begin + j);
-            z.lambda[at] = cm.lambda[j];
-            z.lp[at] = cm.lp[j];
-            z.ls[at] = cm.ls[j];
-            z.alpha[at] = cm.alpha[j];
-            z.beta[at] = cm.beta[j];
-            z.gamma[at] = cm.gamma[j];
+            ModeStep& mode = z.modes[at];
+            mode.lambda = cm.lambda[j];
+            mode.lp = cm.lp[j];
+            mode.ls = cm.ls[j];
+            mode.alpha = cm.alpha[j];
+            mode.beta = cm.beta[j];
+            mode.gamma = cm.gamma[j];
             double amplitude = 0;  // every node at 20 C
             for (int c = 0; c < f.m; ++c) amplitude += cm.toModes[j * f.m + c] * 20.0;
-            z.z[at] = amplitude;
+            mode.z = amplitude;
             f.A1 += cm.alpha[j] * amplitude;
             f.AL += cm.beta[j] * amplitude;
         }
@@ -197,9 +197,7 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
     // Inside face: diag T_s = rhs + hc (Ta - T_s) + hr (Tm - T_s) + source.
     double m1 = 0, m2 = 0, a1 = 0, a2 = 0, srcIn = 0, srcOut = 0;
     double m0State = 0, a0State = 0, m0Out = 0, a0Out = 0;
-    z.componentHc.fill(0.0);
-    z.componentHr.fill(0.0);
-    z.componentSrc.fill(0.0);
+    std::array<double, kComponentCount> componentHc{}, componentHr{}, componentSrc{};
     const double tAir = z.tAir;
     const std::size_t count = z.faces.size();
     FaceStep* faces = z.faces.data();
@@ -232,12 +230,13 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
         f.outAir = A * f.hoAir;
         f.outFix = A * f.hoFix;
         f.outT0 = A * f.ho;
-        z.componentHc[f.component] += A * hc;
-        z.componentHr[f.component] += A * hr;
-        z.componentSrc[f.component] += f.src;
+        componentHc[f.component] += A * hc;
+        componentHr[f.component] += A * hr;
+        componentSrc[f.component] += f.src;
     }
     z.m1 = m1, z.m2 = m2, z.a1 = a1, z.a2 = a2;
     z.m0State = m0State, z.a0State = a0State, z.m0Out = m0Out, z.a0Out = a0Out;
+    z.componentHc = componentHc, z.componentHr = componentHr, z.componentSrc = componentSrc;
     z.srcIn = srcIn, z.srcOut = srcOut;
 }
 
@@ -285,12 +284,7 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
     const double tOut = in.tOut;
     double flowIn = z.srcIn, flowOut = z.srcOut;
     double m0State = 0, a0State = 0;
-    double* Zm = z.z.data();
-    const double* Lambda = z.lambda.data();
-    const double* Lp = z.lp.data();
-    const double* Ls = z.ls.data();
-    const double* Alpha = z.alpha.data();
-    const double* Beta = z.beta.data();
+    ModeStep* modes = z.modes.data();
     std::array<double, kComponentCount> gain{};
     for (FaceStep& f : z.faces) {
         const double tsNew = f.w * (f.Es + f.eT * tOut + f.hc * ta + f.hr * tm);
@@ -298,18 +292,12 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
             f.t0 = tsNew;
         } else {
             const double t0 = f.Ps + f.pT * tOut + f.q * tsNew;
-            double* zi = Zm + f.begin;
-            const double* lambda = Lambda + f.begin;
-            const double* lp = Lp + f.begin;
-            const double* ls = Ls + f.begin;
-            const double* alpha = Alpha + f.begin;
-            const double* beta = Beta + f.begin;
             double A1 = 0, AL = 0;
-            for (int i = 0; i < f.m; ++i) {
-                const double next = lambda[i] * zi[i] + lp[i] * t0 + ls[i] * tsNew;
-                A1 += alpha[i] * next;
-                AL += beta[i] * next;
-                zi[i] = next;
+            for (ModeStep* mode = modes + f.begin; mode != modes + f.begin + f.m; ++mode) {
+                const double next = mode->lambda * mode->z + mode->lp * t0 + mode->ls * tsNew;
+                A1 += mode->alpha * next;
+                AL += mode->beta * next;
+                mode->z = next;
             }
             f.A1 = A1;
             f.AL = AL;
@@ -344,12 +332,11 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
 
 double StoredHeat(const ZoneState& z, double dt) {
     double held = z.airCapacity / dt * z.tAir;
-    const double* gamma = z.gamma.data();
-    const double* modes = z.z.data();
+    const ModeStep* modes = z.modes.data();
     for (const FaceStep& f : z.faces) {
         double face = f.capL * f.ts;
         if (f.n > 1) face += f.cap0 * f.t0;
-        for (int i = f.begin; i < f.begin + f.m; ++i) face += gamma[i] * modes[i];
+        for (int i = f.begin; i < f.begin + f.m; ++i) face += modes[i].gamma * modes[i].z;
         held += f.area * face;
     }
     return held;
