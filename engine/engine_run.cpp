@@ -131,6 +131,7 @@ int RunEngine(const fs::path& here, const EngineRunOptions& options) {
         opt.skipMonth = ctx.control.skipMonth;
         opt.firstWeekday = ctx.control.firstDayOfYear - 1;
         opt.hvacOff = ctx.control.runType == 4;
+        opt.threads = options.threads;
         opt.comfortLower =
             ctx.si ? ctx.control.comfortLower : (ctx.control.comfortLower - 32) / 1.8;
         opt.comfortUpper =

@@ -25,9 +25,10 @@ struct EngineProcess {
 // /usr/bin and the program folder, or the user's copy of it, elsewhere).
 std::filesystem::path EnginePath(const ProgramPaths& paths);
 
-// Starts the engine with no arguments in \temp. The process id is -1, with
-// the reason in `error`, when it could not be started.
-EngineProcess StartEngine(const ProgramPaths& paths, std::string& error);
+// Starts the engine in \temp: with no arguments, or with "--threads N" when
+// `threads` is above 0. The process id is -1, with the reason in `error`,
+// when it could not be started.
+EngineProcess StartEngine(const ProgramPaths& paths, std::string& error, int threads = 0);
 
 // Waits up to `milliseconds` for the process; true while it still runs.
 bool IsEngineRunning(EngineProcess& engine, int milliseconds);

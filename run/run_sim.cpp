@@ -114,7 +114,7 @@ bool RunSimController::ExecuteRun() {
 
     std::string error;
     started_ = std::chrono::steady_clock::now();
-    engine_ = StartEngine(session_.paths, error);
+    engine_ = StartEngine(session_.paths, error, services_.engineThreads);
     if (engine_.pid < 0) {
         Restore();
         prompt_.Ask("The simulation engine could not be started: " + error, "Error", Buttons::Ok,
