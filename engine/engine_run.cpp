@@ -13,8 +13,10 @@
 #include "core/text_file.h"
 #include "engine/control_file.h"
 #include "engine/custom_weather.h"
+#include "engine/dx_coil.h"
 #include "engine/epw_reader.h"
 #include "engine/fixed_column_weather.h"
+#include "engine/hvac_systems.h"
 #include "engine/project_checks.h"
 #include "engine/project_translation.h"
 #include "engine/report.h"
@@ -103,6 +105,12 @@ int RunEngine(const fs::path& here, const EngineRunOptions& options) {
         ProjectRunInputs in =
             TranslateProject(session.model, ctx.control.runType, matrix ? *matrix : std::string());
         notes.insert(notes.end(), in.notes.begin(), in.notes.end());
+        // A unit's own performance map, when the run folder has one.
+        if (fs::exists(here / "Solv2020.dx")) {
+            const auto maps = ReadDxPerformanceFile(Read(here / "Solv2020.dx"), "Solv2020.dx");
+            const auto mapped = AttachDxPerformance(in.building, in.systems, maps);
+            notes.insert(notes.end(), mapped.begin(), mapped.end());
+        }
         ctx.projectName = session.model.ProjectData[kProjName];
         ctx.location = in.location.substr(0, 36);
         zoneCount = static_cast<int>(in.building.zones.size());

@@ -25,14 +25,21 @@
 // G3.1.2.2, at the outdoor conditions of the peak hour. Load the sized
 // plant cannot meet is counted as unmet (hours and energy); the zone
 // temperatures stay those of the ideal system.
-// Moisture is not simulated: the DX coil's entering wet bulb is held at
-// the rating 19.4 C (67 F) and latent loads are not counted.
+// Moisture: each zone's humidity ratio is stepped hour by hour (the air's
+// mass, people's latent gains, infiltration and outdoor air at the
+// outdoor humidity, the cooling coil's condensate); the coil's entering
+// state is the zone air, its sensible heat ratio that of the apparatus dew
+// point and bypass factor model (dx_coil.h).
 #pragma once
 
 #include <array>
+#include <map>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "engine/building.h"
+#include "engine/dx_coil.h"
 #include "engine/simulation.h"
 #include "engine/weather_data.h"
 
@@ -64,6 +71,9 @@ struct ZoneSystem {
     double hotWaterPerDay = 0;         // m3
     int hotWaterProfile = -1;          // -1 even
     bool electricWaterHeater = false;  // else gas
+    // A unit's own performance map (Solv2020.dx): its rated capacity, air
+    // flow, fans and curves replace the sized unit and the generic curves.
+    std::optional<DxPerformance> dxMap;
 };
 
 // The system of a catalog type (1..15) with its heating type (1 fuel, 2
@@ -122,6 +132,18 @@ struct ZoneSystemResults {
     int unmetCoolingHours = 0, unmetHeatingHours = 0;
     double unmetCooling = 0, unmetHeating = 0;  // Wh
     double hotWaterVolume = 0;                  // m3 over the run
+    // Cooling coil and zone moisture by month: coil sensible and latent
+    // heat removed, the zone's latent gains (people, and outdoor and
+    // infiltration air drier or wetter than the room), Wh; compressor
+    // (with a mapped unit's outdoor fan) and a mapped unit's indoor and
+    // outdoor fans, Wh; hours counted and the sum of the zone's humidity
+    // ratio and relative humidity over them.
+    std::array<double, 12> coilSensible{}, coilLatent{}, latentGains{};
+    std::array<double, 12> compressor{}, indoorFan{}, outdoorFan{};
+    std::array<double, 12> humidityRatioSum{}, rhSum{};
+    std::array<int, 12> hours{};
+    double maxRh = 0;
+    int hoursAboveRh60 = 0;
 };
 
 struct SystemsResults {
@@ -136,6 +158,14 @@ struct SystemsResults {
     double TotalElectric() const;
     double TotalFuel() const;
 };
+
+// Gives each zone named in `maps` (by its number, such as 1-1) its unit's
+// performance map; returns a note for each name that is no zone of the
+// building or whose system is not an air-cooled DX unit (the map is then
+// left out).
+std::vector<std::string> AttachDxPerformance(const Building& building,
+                                             std::vector<ZoneSystem>& systems,
+                                             const std::map<std::string, DxPerformance>& maps);
 
 // Needs the hourly series of `run` (RunOptions::keepHourly). `systems` has
 // one entry per zone of the building.

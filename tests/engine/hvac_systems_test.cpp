@@ -65,21 +65,25 @@ TEST(HvacSystems, CoolingCostsMoreInHotterWeatherAndAtLowPartLoad) {
         if (s.cooling == CoolingPlant::AirCooledDx || s.cooling == CoolingPlant::WaterChiller)
             EXPECT_GT(hot, 1.05 * mild);
         else  // water-source and evaporative: no outdoor air at the condenser
-            EXPECT_NEAR(hot, mild, 1e-9);
+            EXPECT_NEAR(hot, mild, 1e-6 * mild);
         if (s.cooling == CoolingPlant::Evaporative) continue;
         EXPECT_GT(lowLoad, 1.03 * fullLoad);  // cycling and unloading losses
     }
 }
 
 TEST(HvacSystems, HeatingByPlant) {
-    // Furnace and boiler: fuel over load at least 1 / efficiency, more at low load.
+    // Furnace and boiler: fuel over load about 1 / efficiency, more at low
+    // load (the furnace's cycling loss is the small one of its published curve).
     for (int type : {11, 2}) {
         SCOPED_TRACE(type);
         const double full = HeatingPerLoad(type, 1, 0.8, 8000, 0);
         const double low = HeatingPerLoad(type, 1, 0.8, 800, 0);
-        EXPECT_GE(full, 1.0 / 0.8 - 1e-9);
-        EXPECT_GT(low, 1.04 * full);
+        EXPECT_GE(full, 0.99 / 0.8);
+        EXPECT_GT(low, (type == 11 ? 1.01 : 1.04) * full);
     }
+    // The furnace's curve against ASHRAE 140 HE120 (steady part-load ratio
+    // 0.4 at 80 %): load 31.10 GJ, fuel 38.27 GJ in the analytical solution.
+    EXPECT_NEAR(FurnacePartLoadInput(0.4) / 0.4, 38.27 * 0.8 / 31.10, 0.002);
     // Resistance: one for one.
     EXPECT_NEAR(HeatingPerLoad(14, 2, 1.0, 5000, 0), 1.0, 1e-9);
     // Air-source heat pump: below 1 in mild weather, dearer in the cold,
