@@ -40,7 +40,7 @@ WetResult Evaluate(const DxPerformance& u, double bf, double m, double t, double
     const double hin = MoistAirEnthalpy(t, w);
     const double hout = hin - r.total / m;
     const double hadp = hin - (hin - hout) / (1.0 - bf);
-    const double tadp = SaturationTemperatureOfEnthalpy(hadp, p);
+    const double tadp = SaturationTemperatureOfEnthalpy(hadp, p, t);
     r.adpHumidity = SaturationHumidityRatio(tadp, p);
     r.shr = r.adpHumidity >= w
                 ? 1.0
@@ -72,43 +72,53 @@ double RatedBypassConstant(const DxPerformance& u, double p) {
     return -std::log(bf) * m;
 }
 
-CoilState CoilAt(const DxPerformance& u, double a0, double t, double w, double odb, double p) {
+CoilState CoilAt(const DxPerformance& u, double a0, double t, double w, double odb, double p,
+                 DryEdgeCache* cache) {
     CoilState s;
     const double m = MassFlow(u, p);
     if (m <= 0 || u.ratedCapacity <= 0) return s;
     const double bf = a0 > 0 ? std::exp(-a0 / m) : 1.0;
-    WetResult r{};
-    if (bf < 1.0) {
-        r = Evaluate(u, bf, m, t, w, odb, p);
-        if (r.adpHumidity >= w) {
-            // Dry: the capacity of the wet bulb at which the coil just turns
-            // dry, found between this air and saturation.
-            const double hi = SaturationHumidityRatio(t, p);
-            if (Evaluate(u, bf, m, t, hi, odb, p).adpHumidity < hi) {
-                const double edge = BracketedRoot(
-                    [&](double x) { return x - Evaluate(u, bf, m, t, x, odb, p).adpHumidity; }, w,
-                    hi, 1e-7);
-                r = Evaluate(u, bf, m, t, edge, odb, p);
-            }
-            r.shr = 1.0;
-            s.dry = true;
-        } else {
-            s.dry = false;
-        }
-    } else {
+    auto finish = [&](const WetResult& r, bool dry) {
+        CoilState c;
+        c.total = r.total;
+        c.shr = dry ? 1.0 : r.shr;
+        c.wetBulb = r.wetBulb;
+        c.dry = dry;
+        const double x = std::clamp(r.wetBulb, u.wetBulbMin, u.wetBulbMax);
+        const double y = std::clamp(odb, u.dryBulbMin, u.dryBulbMax);
+        c.power = r.total * std::max(Curve(u.eirFT, x, y), 0.0) / std::max(u.ratedCop, 0.1);
+        return c;
+    };
+    if (bf >= 1.0) {  // no bypass factor fits the rating: always dry
+        WetResult r{};
         r.wetBulb = WetBulbOfHumidityRatio(t, w, p);
         const double x = std::clamp(r.wetBulb, u.wetBulbMin, u.wetBulbMax);
         r.total = u.ratedCapacity *
                   std::max(Curve(u.capFT, x, std::clamp(odb, u.dryBulbMin, u.dryBulbMax)), 0.0);
-        r.shr = 1.0;
+        return finish(r, true);
     }
-    s.total = r.total;
-    s.shr = r.shr;
-    s.wetBulb = r.wetBulb;
-    const double x = std::clamp(r.wetBulb, u.wetBulbMin, u.wetBulbMax);
-    const double y = std::clamp(odb, u.dryBulbMin, u.dryBulbMax);
-    s.power = r.total * std::max(Curve(u.eirFT, x, y), 0.0) / std::max(u.ratedCop, 0.1);
-    return s;
+    // A dry coil's state does not depend on the air's humidity: kept by the
+    // entering and outdoor dry bulbs with the humidity at which it turns wet.
+    const long long key = (std::llround(t * 20.0) << 24) + std::llround(odb * 5.0);
+    if (cache) {
+        const auto it = cache->edges.find(key);
+        if (it != cache->edges.end() && w <= it->second.edge) return it->second.state;
+    }
+    WetResult r = Evaluate(u, bf, m, t, w, odb, p);
+    if (r.adpHumidity < w) return finish(r, false);
+    // Dry: the capacity of the wet bulb at which the coil just turns dry,
+    // found between this air and saturation.
+    double edge = -1;
+    const double hi = SaturationHumidityRatio(t, p);
+    if (Evaluate(u, bf, m, t, hi, odb, p).adpHumidity < hi) {
+        edge = BracketedRoot(
+            [&](double x) { return x - Evaluate(u, bf, m, t, x, odb, p).adpHumidity; }, w, hi,
+            1e-6);
+        if (edge > w) r = Evaluate(u, bf, m, t, edge, odb, p);
+    }
+    const CoilState dry = finish(r, true);
+    if (cache && edge > 0) cache->edges[key] = {edge, dry};
+    return dry;
 }
 
 double PartLoadFraction(const DxPerformance& u, double plr) {

@@ -18,6 +18,7 @@
 
 #include <map>
 #include <string>
+#include <unordered_map>
 
 namespace solvane::engine {
 
@@ -41,6 +42,10 @@ struct DxPerformance {
     double plf[2] = {0.85, 0.15};
 };
 
+// Bypass constant A0 = -ln(BF) m of a unit from its rating (kg/s); 0 when
+// the rating cannot be met by any bypass factor (then the coil is dry).
+double RatedBypassConstant(const DxPerformance& unit, double pressure);
+
 struct CoilState {
     double total = 0;    // W gross total capacity at this inlet
     double shr = 1;      // sensible heat ratio
@@ -49,13 +54,19 @@ struct CoilState {
     bool dry = true;
 };
 
-// Bypass constant A0 = -ln(BF) m of a unit from its rating (kg/s); 0 when
-// the rating cannot be met by any bypass factor (then the coil is dry).
-double RatedBypassConstant(const DxPerformance& unit, double pressure);
+// One coil's dry states, kept by 0.05 K of entering and 0.2 K of outdoor
+// dry bulb with the humidity ratio below which each holds.
+struct DryEdgeCache {
+    struct Entry {
+        double edge = 0;
+        CoilState state;
+    };
+    std::unordered_map<long long, Entry> edges;
+};
 
 // The coil at an inlet of `t` C and humidity ratio `w`, with `odb` C outdoors.
 CoilState CoilAt(const DxPerformance& unit, double bypassConstant, double t, double w, double odb,
-                 double pressure);
+                 double pressure, DryEdgeCache* cache = nullptr);
 
 // Part-load fraction of the unit at a part-load ratio.
 double PartLoadFraction(const DxPerformance& unit, double plr);

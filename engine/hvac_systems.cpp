@@ -363,6 +363,7 @@ SystemsResults SimulateSystems(const Building& b, const RunResults& run, const W
         }
         const double pressure0 = w.hours[0].pressure > 50000 ? w.hours[0].pressure : 101325.0;
         const double bypass = wetCoil ? RatedBypassConstant(coil, pressure0) : 0.0;
+        DryEdgeCache dryEdges;
         // Hot water: the weekly mean of the profile's daily sums makes the
         // average day.
         double weekSum = 0;
@@ -408,7 +409,8 @@ SystemsResults SimulateSystems(const Building& b, const RunResults& run, const W
                 };
                 auto coilHour = [&](double wIn) {
                     CoilHour c;
-                    c.state = CoilAt(coil, bypass, tz, std::min(wIn, saturated), odb, pressure);
+                    c.state = CoilAt(coil, bypass, tz, std::min(wIn, saturated), odb, pressure,
+                                     &dryEdges);
                     const double qs = c.state.total * c.state.shr;
                     c.net = qs - fanHeat;
                     c.met = std::clamp(qc, 0.0, std::max(c.net, 0.0));
@@ -430,15 +432,37 @@ SystemsResults SimulateSystems(const Building& b, const RunResults& run, const W
                     // storage (W - W0) = vapour + air (Wo - W) - latent(W) / hfg.
                     c = coilHour(noCoil);
                     if (c.latent > 0) {
-                        const double lo =
-                            std::max(noCoil - c.latent / kLatentHeat / (storage + airIn), 1e-5);
-                        newHumidity = BracketedRoot(
-                            [&](double wz) {
-                                return (storage + airIn) * (wz - noCoil) +
-                                       coilHour(wz).latent / kLatentHeat;
-                            },
-                            lo, noCoil, 1e-8, 30);
-                        c = coilHour(newHumidity);
+                        // Illinois steps between the drier end, where the
+                        // coil takes more than the zone's surplus, and no coil.
+                        const double k = storage + airIn;
+                        auto residual = [&](double wz, const CoilHour& ch) {
+                            return k * (wz - noCoil) + ch.latent / kLatentHeat;
+                        };
+                        double hi = noCoil, fhi = residual(hi, c);
+                        double lo = std::max(noCoil - c.latent / kLatentHeat / k, 1e-5);
+                        CoilHour clo = coilHour(lo), chi = c;
+                        double flo = residual(lo, clo);
+                        int side = 0;
+                        for (int i = 0; i < 20 && flo < 0 && hi - lo > 1e-6; ++i) {
+                            const double x = (lo * fhi - hi * flo) / (fhi - flo);
+                            const CoilHour cx = coilHour(x);
+                            const double fx = residual(x, cx);
+                            if (fx > 0) {
+                                hi = x, fhi = fx, chi = cx;
+                                if (side == 1) flo *= 0.5;
+                                side = 1;
+                            } else {
+                                lo = x, flo = fx, clo = cx;
+                                if (side == -1) fhi *= 0.5;
+                                side = -1;
+                            }
+                            if (std::fabs(fx) < 1e-9 * k) break;
+                        }
+                        // The end nearer the balance.
+                        const bool low =
+                            std::fabs(residual(lo, clo)) <= std::fabs(residual(hi, chi));
+                        newHumidity = low ? lo : hi;
+                        c = low ? clo : chi;
                     }
                 }
                 double power = 0;

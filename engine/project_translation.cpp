@@ -142,7 +142,6 @@ double LightsRadiant(int lampType) {
 void NoteUnsimulatedZoneFields(const ProjectModel& m, int z, std::vector<std::string>& notes) {
     const auto& f = m.zones.ZoneData[z];
     std::vector<std::string> names;
-    if (NumVal(f[5]) > 0) names.push_back("the people's latent heat");
     if (IsYes(m.zones.ZoneDaylight[z]))
         names.push_back("daylighting (Daylight, DL Depth, Target FC)");
     if (IsYes(m.zones.ZoneEconCycle[z])) names.push_back("economiser (Econ.Cycle)");

@@ -25,7 +25,8 @@ double DryBulbOfEnthalpy(double h, double w);
 double WetBulbOfHumidityRatio(double t, double w, double p);
 // Humidity ratio of air at dry bulb `t` and wet bulb `twb`.
 double HumidityRatioOfWetBulb(double t, double twb, double p);
-// Temperature (C) of saturated air of enthalpy `h` (J/kg).
-double SaturationTemperatureOfEnthalpy(double h, double p);
+// Temperature (C) of saturated air of enthalpy `h` (J/kg), sought below
+// `below` C (the dry bulb of any air of that enthalpy bounds it).
+double SaturationTemperatureOfEnthalpy(double h, double p, double below = 90.0);
 
 }  // namespace solvane::engine

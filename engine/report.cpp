@@ -191,6 +191,46 @@ void SystemsSection(LineWriter& out, const Building& b, const RunResults& r,
     out.Line("    UNMET LOAD HOURS, ALL ZONES: COOLING " + std::to_string(unmetC) + ", HEATING " +
              std::to_string(unmetH));
     out.Line();
+    // Indoor humidity of the zone's air: the moisture balance's mean and
+    // highest relative humidity, and the hours above 60 %.
+    out.Line("    INDOOR HUMIDITY");
+    out.Text("    ZONE")
+        .Column(30)
+        .Text("MEAN RH %")
+        .Column(42)
+        .Text("MAX RH %")
+        .Column(53)
+        .Text("HOURS > 60 %")
+        .Column(68)
+        .Text(si ? "MEAN W G/KG" : "MEAN W GR/LB")
+        .Column(82)
+        .Text("COIL LATENT")
+        .EndLine();
+    out.Line("    " + std::string(88, '-'));
+    for (std::size_t z = 0; z < sys.zones.size() && z < b.zones.size(); ++z) {
+        const ZoneSystemResults& o = sys.zones[z];
+        double rh = 0, w = 0, latent = 0;
+        int hours = 0;
+        for (int m = 0; m < 12; ++m)
+            rh += o.rhSum[m], w += o.humidityRatioSum[m], hours += o.hours[m],
+                latent += o.coilLatent[m];
+        if (hours == 0) continue;
+        out.Text("    " + (b.zones[z].number.empty() ? r.zones[z].name : b.zones[z].number))
+            .Column(30)
+            .Text(Fixed(rh / hours, 9, 1))
+            .Column(42)
+            .Text(Fixed(o.maxRh, 8, 1))
+            .Column(53)
+            .Text(Fixed(o.hoursAboveRh60, 12, 0))
+            .Column(68)
+            .Text(Fixed(w / hours * (si ? 1000.0 : 7000.0), 11, 2))
+            .Column(82)
+            .Text(Fixed(latent / 1000.0 * (si ? 1.0 : 3.412142), 11, 0))
+            .EndLine();
+    }
+    out.Line(std::string("    COIL LATENT: MOISTURE CONDENSED ON THE COOLING COIL, ") +
+             (si ? "KWH" : "KBTU"));
+    out.Line();
 }
 
 }  // namespace
