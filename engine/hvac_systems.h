@@ -7,22 +7,25 @@
 // conditions and the part-load ratio by the curve sets named in
 // hvac_systems.cpp:
 // - packaged and split DX (air-cooled): DOE-2 capacity and EIR biquadratics
-//   of coil wet bulb and outdoor dry bulb, cycling loss 0.85 + 0.15 PLR;
+//   of coil wet bulb and outdoor dry bulb, cycling loss 0.85 + 0.15 PLR, the
+//   coil's sensible heat ratio by its apparatus dew point (dx_coil.h);
 // - water-cooled centrifugal chiller: DOE-2 capacity and EIR of leaving
 //   chilled water and entering condenser water (outdoor wet bulb plus the
 //   tower's approach), EIR of part load; pumps for chilled and condenser water;
 // - air-source heat pump heating: DOE-2 capacity and EIR cubics of the
 //   outdoor dry bulb, electric resistance for what the compressor cannot
 //   give and below its cut-out;
-// - furnace and boiler: rated efficiency with the DOE-2 heat-input ratio of
-//   part load; hot-water pumps for the boiler;
+// - furnace and boiler: rated efficiency with a heat-input ratio of part
+//   load (the HVAC BESTEST furnace's; DOE-2.2's boiler); hot-water pumps
+//   for the boiler;
 // - fans: air flow sized from the zone's peak, power = flow x static
 //   pressure / total efficiency; constant volume while the fan profile runs
 //   (and cycling with the load outside it); the variable-volume systems
 //   follow the part-load fan curve of ASHRAE 90.1-2019 G3.1.3.15.
 // Sizing: rated capacities are the zone's peak hourly load over the year
-// times 1.15 (cooling) and 1.25 (heating), after ASHRAE 90.1-2019
-// G3.1.2.2, at the outdoor conditions of the peak hour. Load the sized
+// times 1.15 (cooling, over the rated sensible heat ratio 0.8 for a wet
+// coil) and 1.25 (heating), after ASHRAE 90.1-2019 G3.1.2.2, at the
+// outdoor conditions of the peak hour. Load the sized
 // plant cannot meet is counted as unmet (hours and energy); the zone
 // temperatures stay those of the ideal system.
 // Moisture: each zone's humidity ratio is stepped hour by hour (the air's
