@@ -237,6 +237,17 @@ double SystemsResults::TotalFuel() const {
     return t;
 }
 
+double EconomizerHighLimit(const std::string& zone) {
+    int number = -1;
+    bool moist = false;
+    for (char c : zone) {
+        if (c >= '0' && c <= '9' && number < 0) number = c - '0';
+        if (c == 'A' || c == 'a') moist = true;
+    }
+    const double f = moist && number >= 0 && number <= 4 ? 65.0 : (moist ? 70.0 : 75.0);
+    return (f - 32.0) / 1.8;
+}
+
 std::vector<std::string> AttachDxPerformance(const Building& b, std::vector<ZoneSystem>& systems,
                                              const std::map<std::string, DxPerformance>& maps) {
     std::vector<std::string> notes;
@@ -386,7 +397,8 @@ SystemsResults SimulateSystems(const Building& b, const RunResults& run, const W
             const double wOut = HumidityRatioOfRh(odb, wh.relativeHumidity, pressure);
             const double saturated = SaturationHumidityRatio(tz, pressure);
             if (humidity < 0) humidity = std::min(wOut, saturated);
-            const double qc = zr.cooling[h], qh = zr.heating[h];
+            double qc = zr.cooling[h];
+            const double qh = zr.heating[h];
             double elec[kEndUseCount] = {}, fuel[kEndUseCount] = {};
             double plrC = 0, plrH = 0;
             // Moisture sources of the hour: people (kg/s of vapour) and the
@@ -397,6 +409,19 @@ SystemsResults SimulateSystems(const Building& b, const RunResults& run, const W
             double airIn = zone.infiltrationAch * zone.volume / 3600.0 * rho;
             if (profile(zone.outdoorAirProfile, weekday, hour) > 0)
                 airIn += zone.outdoorAirFlow * rho;
+            // Economiser: while the fans run and the outdoor air is below the
+            // high limit and the room, outdoor air beyond the minimum (up to
+            // the design flow) takes the cooling load first.
+            if (s.economizer && qc > 0 && odb < s.economizerHighLimit && odb < tz - 0.5 &&
+                profile(s.fanProfile, weekday, hour) > 0) {
+                const double extra = std::max(o.airFlow - zone.outdoorAirFlow, 0.0) * rho;
+                const double free = std::min(qc, extra * 1006.0 * (tz - odb));
+                if (free > 0) {
+                    qc -= free;
+                    airIn += free / (1006.0 * (tz - odb));
+                    o.economizerCooling += free;
+                }
+            }
             const double storage = airMass / 3600.0;
             const double noCoil = (storage * humidity + vapour + airIn * wOut) / (storage + airIn);
             double newHumidity = noCoil;

@@ -77,7 +77,16 @@ struct ZoneSystem {
     // A unit's own performance map (Solv2020.dx): its rated capacity, air
     // flow, fans and curves replace the sized unit and the generic curves.
     std::optional<DxPerformance> dxMap;
+    // Air economiser (the zone's Econ.Cycle) with a fixed dry-bulb high
+    // limit (C).
+    bool economizer = false;
+    double economizerHighLimit = 23.9;
 };
+
+// The fixed dry-bulb high limit of an air economiser (C) in a climate zone
+// ("5 A", "3C", "7"): ASHRAE 90.1-2019 Table 6.5.1.1.3, 65 F in the moist
+// zones 0A to 4A, 70 F in 5A and 6A, 75 F elsewhere.
+double EconomizerHighLimit(const std::string& climateZone);
 
 // The system of a catalog type (1..15) with its heating type (1 fuel, 2
 // electric, 3 heat pump), its seasonal cooling figure in Btu/Wh as the
@@ -147,6 +156,7 @@ struct ZoneSystemResults {
     std::array<int, 12> hours{};
     double maxRh = 0;
     int hoursAboveRh60 = 0;
+    double economizerCooling = 0;  // Wh of cooling load the economiser's outdoor air took
 };
 
 struct SystemsResults {

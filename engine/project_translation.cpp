@@ -144,7 +144,6 @@ void NoteUnsimulatedZoneFields(const ProjectModel& m, int z, std::vector<std::st
     std::vector<std::string> names;
     if (IsYes(m.zones.ZoneDaylight[z]))
         names.push_back("daylighting (Daylight, DL Depth, Target FC)");
-    if (IsYes(m.zones.ZoneEconCycle[z])) names.push_back("economiser (Econ.Cycle)");
     const int hvac = static_cast<int>(NumVal(f[20]));
     if (hvac < 1 || hvac > 15)
         names.push_back("HVAC Type " + NumText(NumVal(f[20])) +
@@ -348,6 +347,8 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
             SystemOfType(static_cast<int>(NumVal(f[20])), static_cast<int>(NumVal(f[21])),
                          NumVal(f[27]), NumVal(f[28]), NumVal(f[26]));
         sys.fanProfile = zone.outdoorAirProfile;
+        sys.economizer = IsYes(m.zones.ZoneEconCycle[z]);
+        sys.economizerHighLimit = EconomizerHighLimit(m.session.ClimateZone);
         sys.hotWaterPerDay = people * std::max(NumVal(f[7]), 0.0) * kGallonToM3;
         sys.hotWaterProfile = profileIndex(kHotWater, f[8], 0.01, 0);
         if (!passive) {

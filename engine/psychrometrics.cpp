@@ -103,8 +103,8 @@ double SaturationTemperatureOfEnthalpy(double h, double p, double below) {
     const auto it = std::lower_bound(table.begin(), table.end(), h);
     const double t0 = -60.0 + 0.5 * static_cast<double>(it - table.begin());
     return NewtonInBracket(
-        [&](double t) { return MoistAirEnthalpy(t, SaturationHumidityRatio(t, p)) - h; }, t0,
-        -60.0, below, 1e-4);
+        [&](double t) { return MoistAirEnthalpy(t, SaturationHumidityRatio(t, p)) - h; }, t0, -60.0,
+        below, 1e-4);
 }
 
 }  // namespace solvane::engine

@@ -205,8 +205,10 @@ void SystemsSection(LineWriter& out, const Building& b, const RunResults& r,
         .Text(si ? "MEAN W G/KG" : "MEAN W GR/LB")
         .Column(82)
         .Text("COIL LATENT")
+        .Column(96)
+        .Text("ECONOMISER")
         .EndLine();
-    out.Line("    " + std::string(88, '-'));
+    out.Line("    " + std::string(102, '-'));
     for (std::size_t z = 0; z < sys.zones.size() && z < b.zones.size(); ++z) {
         const ZoneSystemResults& o = sys.zones[z];
         double rh = 0, w = 0, latent = 0;
@@ -226,10 +228,12 @@ void SystemsSection(LineWriter& out, const Building& b, const RunResults& r,
             .Text(Fixed(w / hours * (si ? 1000.0 : 7000.0), 11, 2))
             .Column(82)
             .Text(Fixed(latent / 1000.0 * (si ? 1.0 : 3.412142), 11, 0))
+            .Column(96)
+            .Text(Fixed(o.economizerCooling / 1000.0 * (si ? 1.0 : 3.412142), 10, 0))
             .EndLine();
     }
-    out.Line(std::string("    COIL LATENT: MOISTURE CONDENSED ON THE COOLING COIL, ") +
-             (si ? "KWH" : "KBTU"));
+    out.Line(std::string("    COIL LATENT: MOISTURE CONDENSED ON THE COOLING COIL; ECONOMISER: ") +
+             "COOLING LOAD TAKEN BY OUTDOOR AIR; " + (si ? "KWH" : "KBTU"));
     out.Line();
 }
 

@@ -1,5 +1,7 @@
 #include "engine/hvac_systems.h"
 
+#include "engine/psychrometrics.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -144,6 +146,56 @@ TEST(HvacSystems, SizingLeavesHotterHoursUnmet) {
     EXPECT_NEAR(f.zones[0].unmetHeating, (14000 - 12500) * kCounted, 1e-3 * kCounted);
     const SystemsResults hp = e.Run(SystemOfType(9, 3, 14.0, 2.34, 2.5));
     EXPECT_EQ(hp.zones[0].unmetHeatingHours, 0);
+}
+
+TEST(HvacSystems, EconomiserTakesLoadBelowItsHighLimitOnly) {
+    // A 3 kW cooling load in a 23.9 C room with the fans on all the time.
+    auto cooling = [](double dryBulb, bool economiser, double* free) {
+        Case c(3000, 0, dryBulb, 50);
+        c.b.zones[0].volume = 300;
+        c.run.zones[0].airTemperature.assign(kHoursPerYear, 23.9f);
+        ZoneSystem s = SystemOfType(11, 1, 14.0, 0.8, 1.0);
+        s.economizer = economiser;
+        s.economizerHighLimit = EconomizerHighLimit("5 A");  // 70 F
+        const SystemsResults r = c.Run(s);
+        if (free) *free = r.zones[0].economizerCooling;
+        return r.Electric(kUseCooling);
+    };
+    double free = 0;
+    // Cool outdoors: the outdoor air beyond the minimum carries the load.
+    EXPECT_LT(cooling(12, true, &free), 0.5 * cooling(12, false, nullptr));
+    EXPECT_GT(free, 0);
+    EXPECT_LE(free, 3000 * kCounted + 1e-6);
+    // Above the high limit (21.1 C) it stays shut.
+    EXPECT_DOUBLE_EQ(cooling(22, true, &free), cooling(22, false, nullptr));
+    EXPECT_EQ(free, 0);
+    EXPECT_NEAR(EconomizerHighLimit("3 A"), 18.33, 0.01);
+    EXPECT_NEAR(EconomizerHighLimit("5 B"), 23.89, 0.01);
+    EXPECT_NEAR(EconomizerHighLimit("7"), 23.89, 0.01);
+}
+
+TEST(HvacSystems, ZoneHumidityFollowsItsSources) {
+    // No cooling: the zone's air reaches the outdoor humidity through
+    // infiltration, and people's moisture raises it above; a cooling coil
+    // in a humid climate holds it below the outdoor air's.
+    auto meanW = [](double cooling, double latent) {
+        Case c(cooling, 0, 30, 40);
+        c.b.zones[0].volume = 300;
+        c.b.zones[0].infiltrationAch = 0.5;
+        c.b.zones[0].gains.peopleLatent = latent;
+        c.run.zones[0].airTemperature.assign(kHoursPerYear, 24.0f);
+        const SystemsResults r = c.Run(SystemOfType(11, 1, 14.0, 0.8, 1.0));
+        double w = 0;
+        int n = 0;
+        for (int m = 0; m < 12; ++m) w += r.zones[0].humidityRatioSum[m], n += r.zones[0].hours[m];
+        return w / n;
+    };
+    const double outdoor = HumidityRatioOfRh(30, 40, 101325);
+    EXPECT_NEAR(meanW(0, 0), outdoor, 2e-4);
+    // 500 W of latent heat into 0.5 ach of 300 m3: about 0.0049 kg/kg more.
+    const double airIn = 0.5 * 300 / 3600.0 * AirDensity(101325, 30);
+    EXPECT_NEAR(meanW(0, 500) - meanW(0, 0), 500 / kLatentHeat / airIn, 3e-4);
+    EXPECT_LT(meanW(6000, 500), outdoor - 0.001);
 }
 
 TEST(HvacSystems, PublishedConversionsAndPsychrometrics) {
