@@ -397,11 +397,14 @@ TEST(ProjectFields, FieldsNotSimulatedAreNamedWithTheirZone) {
     ASSERT_EQ(in.notes.size(), 1u);
     const std::string& n = in.notes[0];
     EXPECT_EQ(n.rfind("Zone 1-1: not simulated in this run: ", 0), 0u) << n;
-    for (const char* w : {"daylighting", "economiser", "no rate", "DiffTrans", "S/W/B"})
+    for (const char* w : {"daylighting", "no rate", "DiffTrans", "S/W/B"})
         EXPECT_NE(n.find(w), std::string::npos) << w << " in " << n;
-    // Hot water and the HVAC and heating types are simulated (the zone's system).
-    for (const char* w : {"hot water", "HVAC Type", "Htg. Type"})
+    // Hot water, the HVAC and heating types, the economiser and the people's
+    // latent heat are simulated (the zone's system and moisture balance).
+    for (const char* w : {"hot water", "HVAC Type", "Htg. Type", "economiser", "latent"})
         EXPECT_EQ(n.find(w), std::string::npos) << w << " in " << n;
+    EXPECT_TRUE(in.systems[0].economizer);
+    EXPECT_NEAR(in.systems[0].economizerHighLimit, (75.0 - 32) / 1.8, 1e-9);  // zone 5 B
     ASSERT_EQ(in.systems.size(), in.building.zones.size());
     EXPECT_EQ(in.systems[0].cooling, CoolingPlant::WaterChiller);
     EXPECT_EQ(in.systems[0].heating, HeatingPlant::Boiler);
