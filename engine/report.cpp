@@ -78,6 +78,20 @@ const char* HeaterName(const ZoneSystem& s) {
     return "NONE";
 }
 
+// The likely cause of a zone's unmet hours: no plant for the load, or a
+// plant short of capacity in those hours (the sizing is at the peak hour's
+// conditions; a hotter hour, a wetter room or a heat pump's cold limit
+// leaves it short).
+std::string UnmetCause(const ZoneSystem& s, const ZoneSystemResults& o) {
+    std::string c;
+    if (o.unmetCoolingHours > 0)
+        c = s.cooling == CoolingPlant::None ? "NO COOLING PLANT" : "CLG CAPACITY SHORT";
+    if (o.unmetHeatingHours > 0)
+        c += std::string(c.empty() ? "" : ", ") +
+             (s.heating == HeatingPlant::None ? "NO HEATING PLANT" : "HTG CAPACITY SHORT");
+    return c.empty() ? "-" : c;
+}
+
 // VI.: each zone's sized plant and unmet hours, then the end uses by month
 // (electricity in kWh, fuel in the heating unit) and the peak electric
 // demand. Month rows start with a blank so that no reader takes them for
@@ -109,10 +123,12 @@ void SystemsSection(LineWriter& out, const Building& b, const RunResults& r,
         .Text("UNMET CLG H")
         .Column(107)
         .Text("UNMET HTG H")
+        .Column(120)
+        .Text("LIKELY CAUSE")
         .EndLine();
     out.Column(54).Text(FormatField(si ? "KW" : "KBTUH", "@@@@@@@@"));
     out.Column(64).Text(FormatField(si ? "KW" : "KBTUH", "@@@@@@@@")).EndLine();
-    out.Line("    " + std::string(114, '-'));
+    out.Line("    " + std::string(128, '-'));
     for (std::size_t z = 0; z < sys.zones.size() && z < b.zones.size(); ++z) {
         const ZoneSystemResults& o = sys.zones[z];
         const ZoneSystem& s = z < systems.size() ? systems[z] : ZoneSystem{};
@@ -135,6 +151,8 @@ void SystemsSection(LineWriter& out, const Building& b, const RunResults& r,
             .Text(Fixed(o.unmetCoolingHours, 11, 0))
             .Column(107)
             .Text(Fixed(o.unmetHeatingHours, 11, 0))
+            .Column(120)
+            .Text(UnmetCause(s, o))
             .EndLine();
     }
     out.Line();
