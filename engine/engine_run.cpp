@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "core/item_reader.h"
@@ -22,6 +23,7 @@
 #include "engine/report.h"
 #include "engine/run_guard.h"
 #include "engine/simulation.h"
+#include "engine/sizing.h"
 #include "engine/synthetic_weather.h"
 #include "projectfile/project_file.h"
 
@@ -145,7 +147,13 @@ int RunEngine(const fs::path& here, const EngineRunOptions& options) {
             ctx.si ? ctx.control.comfortUpper : (ctx.control.comfortUpper - 32) / 1.8;
         const RunResults res = Simulate(in.building, weather, opt);
 
-        const SystemsResults sys = SimulateSystems(in.building, res, weather, opt, in.systems);
+        // The plant is sized on the design days of the project's design
+        // temperatures when it has them.
+        std::optional<DesignLoads> design;
+        if (in.design && !opt.hvacOff)
+            design = DesignDayLoads(in.building, weather, *in.design, opt);
+        const SystemsResults sys = SimulateSystems(in.building, res, weather, opt, in.systems,
+                                                   design ? &*design : nullptr);
         Write(here / "sim$.out", SimOutText(in.building, res, sys, in.systems, ctx));
         Write(here / "ecalc$.wth", WeatherSummaryText(weather, ctx));
         Write(here / "ecalc$.flt", ComfortText(in.building, res, ctx));

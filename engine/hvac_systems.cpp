@@ -271,9 +271,11 @@ std::vector<std::string> AttachDxPerformance(const Building& b, std::vector<Zone
 }
 
 SystemsResults SimulateSystems(const Building& b, const RunResults& run, const WeatherYear& w,
-                               const RunOptions& opt, const std::vector<ZoneSystem>& systems) {
+                               const RunOptions& opt, const std::vector<ZoneSystem>& systems,
+                               const DesignLoads* design) {
     SystemsResults out;
     out.zones.resize(run.zones.size());
+    if (design) out.sizedOnDesignDays = true, out.design = design->conditions;
     out.peakDemandHour.fill(-1);
     std::vector<double> demand(kHoursPerYear, 0.0);
     std::vector<char> counted(kHoursPerYear, 0);
@@ -315,22 +317,27 @@ SystemsResults SimulateSystems(const Building& b, const RunResults& run, const W
         const bool wetCoil =
             s.cooling != CoolingPlant::None && s.cooling != CoolingPlant::Evaporative;
         // ---- sizing at the peak hours --------------------------------------
+        // The design days' peaks and conditions, or the year's peak hour.
+        const bool designed = design && z < design->cooling.size();
         const int hc = zr.peakCoolingHour, hh = zr.peakHeatingHour;
-        if (hc >= 0 && s.cooling != CoolingPlant::None) {
-            const double t = w.hours[hc].dryBulb;
+        const double coolPeak = designed ? design->cooling[z] : zr.peakCooling;
+        const double heatPeak = designed ? design->heating[z] : zr.peakHeating;
+        if ((designed ? coolPeak > 0 : hc >= 0) && s.cooling != CoolingPlant::None) {
+            const double t = designed ? design->conditions.summerDryBulb : w.hours[hc].dryBulb;
+            const double wb = designed ? design->conditions.summerWetBulb : wetBulb[hc];
             double ratio = 1;
             if (s.cooling == CoolingPlant::AirCooledDx) ratio = DxCapacityRatio(kCoilWetBulb, t);
             if (s.cooling == CoolingPlant::WaterChiller)
-                ratio = ChillerCapacityRatio(kChilledWaterLeaving, wetBulb[hc] + kTowerApproach);
+                ratio = ChillerCapacityRatio(kChilledWaterLeaving, wb + kTowerApproach);
             // A wet coil's rated total is its sensible peak over the rated
             // sensible heat ratio.
             o.coolingCapacity =
-                1.15 * zr.peakCooling / std::max(ratio, 0.3) / (wetCoil ? kRatedShr : 1.0);
+                1.15 * coolPeak / std::max(ratio, 0.3) / (wetCoil ? kRatedShr : 1.0);
         }
         if (mapped) o.coolingCapacity = s.dxMap->ratedCapacity;
         double heatPumpRated = 0;
-        if (hh >= 0 && s.heating != HeatingPlant::None) {
-            o.heatingCapacity = 1.25 * zr.peakHeating;
+        if ((designed ? heatPeak > 0 : hh >= 0) && s.heating != HeatingPlant::None) {
+            o.heatingCapacity = 1.25 * heatPeak;
             if (s.heating == HeatingPlant::AirSourceHeatPump)
                 heatPumpRated = std::max(o.coolingCapacity, o.heatingCapacity);
             if (s.heating == HeatingPlant::WaterSourceHeatPump)

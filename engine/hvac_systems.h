@@ -22,7 +22,8 @@
 //   pressure / total efficiency; constant volume while the fan profile runs
 //   (and cycling with the load outside it); the variable-volume systems
 //   follow the part-load fan curve of ASHRAE 90.1-2019 G3.1.3.15.
-// Sizing: rated capacities are the zone's peak hourly load over the year
+// Sizing: rated capacities are the zone's design-day peak (sizing.h) or,
+// without design temperatures, the zone's peak hourly load over the year
 // times 1.15 (cooling, over the rated sensible heat ratio 0.8 for a wet
 // coil) and 1.25 (heating), after ASHRAE 90.1-2019 G3.1.2.2, at the
 // outdoor conditions of the peak hour. Load the sized
@@ -44,6 +45,7 @@
 #include "engine/building.h"
 #include "engine/dx_coil.h"
 #include "engine/simulation.h"
+#include "engine/sizing.h"
 #include "engine/weather_data.h"
 
 namespace solvane::engine {
@@ -165,6 +167,8 @@ struct SystemsResults {
     std::array<double, 12> peakDemand{};  // W, the hour's mean electric power
     std::array<int, 12> peakDemandHour{};
     std::vector<ZoneSystemResults> zones;
+    bool sizedOnDesignDays = false;
+    DesignConditions design;  // when sized on the design days
 
     double Electric(int use) const;
     double Fuel(int use) const;
@@ -182,8 +186,11 @@ std::vector<std::string> AttachDxPerformance(const Building& building,
 
 // Needs the hourly series of `run` (RunOptions::keepHourly). `systems` has
 // one entry per zone of the building.
+// With `design` (sizing.h), the plant is sized on the design days' peaks
+// and conditions instead of the year's peak hour.
 SystemsResults SimulateSystems(const Building& building, const RunResults& run,
                                const WeatherYear& weather, const RunOptions& options,
-                               const std::vector<ZoneSystem>& systems);
+                               const std::vector<ZoneSystem>& systems,
+                               const DesignLoads* design = nullptr);
 
 }  // namespace solvane::engine

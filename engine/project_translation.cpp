@@ -230,6 +230,10 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
         out.notes.push_back("Project: not simulated in this run: annual holidays (An Hldays)");
     Building& b = out.building;
     out.location = m.ProjectData[kLocation];
+    DesignConditions design;
+    if (DesignConditionsOf(m.climate.DesTemps[1], m.climate.DesTemps[2], m.climate.DesTemps[3],
+                           design))
+        out.design = design;
     const ClimateState& cl = m.climate;
     out.site = ClimateSite(cl.WeatherData[2]);
     if (out.site.latitude == 0 && cl.Latitude != 0) out.site.latitude = cl.Latitude;

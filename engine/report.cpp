@@ -104,6 +104,19 @@ void SystemsSection(LineWriter& out, const Building& b, const RunResults& r,
     const double eUnit = si ? kWhToGJ : kWhToMBtu;
     out.Line("VI.  HVAC SYSTEMS, END USES AND PEAK ELECTRIC DEMAND");
     out.Line();
+    if (sys.sizedOnDesignDays) {
+        auto t = [&](double c) {
+            char buf[32];
+            std::snprintf(buf, sizeof buf, "%.1f", si ? c : c * 1.8 + 32.0);
+            return std::string(buf);
+        };
+        const char* u = si ? " C" : " F";
+        out.Line("    PLANT SIZED ON THE DESIGN DAYS: SUMMER " + t(sys.design.summerDryBulb) + u +
+                 " DRY BULB, " + t(sys.design.summerWetBulb) + u + " WET BULB; WINTER " +
+                 t(sys.design.winterDryBulb) + u + " (COOLING x 1.15, HEATING x 1.25)");
+    } else {
+        out.Line("    PLANT SIZED AT THE YEAR'S PEAK HOURS (COOLING x 1.15, HEATING x 1.25)");
+    }
     out.Text("    ZONE")
         .Column(30)
         .Text("TYPE")
