@@ -327,7 +327,11 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
         zone.gains.peopleProfile = profileIndex(kOccupancy, f[6], 0.01, 0);
         zone.gains.lights = NumVal(f[13]) * areaFt2;
         zone.gains.lightsProfile = profileIndex(kLights, f[14], 0.01, 0);
-        zone.gains.equipment = NumVal(f[15]) * areaFt2;
+        // The receptacle field is the one per-area figure the SI project's
+        // copy for the engine keeps in its own unit (W/m2): the unit
+        // conversion of the front end leaves it as entered.
+        zone.gains.equipment =
+            NumVal(f[15]) * (m.session.Units == 2 ? areaFt2 * kFt2ToM2 : areaFt2);
         zone.gains.equipmentProfile = profileIndex(kReceptacles, f[16], 0.01, 0);
         zone.infiltrationAch = NumVal(f[23]);
         // Outdoor air by its prefix.
