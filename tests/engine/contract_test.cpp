@@ -84,7 +84,12 @@ std::vector<std::string> RunEngine(const std::string& dirName, int runType,
     fs::remove_all(dir);
     fs::create_directories(dir);
     std::string inp = ReadTextFile(kSource + "/tests/engine/projects/case600.inp").value_or("");
-    if (si) inp.replace(inp.find("  IP\r\n"), 6, "  SI\r\n");  // the user works in SI
+    if (si) {  // the user works in SI
+        inp.replace(inp.find("  IP\r\n"), 6, "  SI\r\n");
+        // The engine's copy of an SI project holds I-P figures but for the
+        // receptacles, which the unit conversion leaves in W/m2.
+        inp.replace(inp.find("Receptacle.3871"), 15, "Receptacle4.1667");
+    }
     EXPECT_TRUE(WriteFileAtomic(dir / "ecalc$.inp", inp));
     fs::copy_file(kSource + "/tests/fixtures/weather/725650TYCST.epw", dir / "ecalc$.tmy");
     EXPECT_TRUE(WriteFileAtomic(dir / "ecalc$.tmp", ControlText(runType)));
