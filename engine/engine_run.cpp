@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "core/item_reader.h"
@@ -13,13 +14,16 @@
 #include "core/text_file.h"
 #include "engine/control_file.h"
 #include "engine/custom_weather.h"
+#include "engine/dx_coil.h"
 #include "engine/epw_reader.h"
 #include "engine/fixed_column_weather.h"
+#include "engine/hvac_systems.h"
 #include "engine/project_checks.h"
 #include "engine/project_translation.h"
 #include "engine/report.h"
 #include "engine/run_guard.h"
 #include "engine/simulation.h"
+#include "engine/sizing.h"
 #include "engine/synthetic_weather.h"
 #include "projectfile/project_file.h"
 
@@ -103,6 +107,12 @@ int RunEngine(const fs::path& here, const EngineRunOptions& options) {
         ProjectRunInputs in =
             TranslateProject(session.model, ctx.control.runType, matrix ? *matrix : std::string());
         notes.insert(notes.end(), in.notes.begin(), in.notes.end());
+        // A unit's own performance map, when the run folder has one.
+        if (fs::exists(here / "Solv2020.dx")) {
+            const auto maps = ReadDxPerformanceFile(Read(here / "Solv2020.dx"), "Solv2020.dx");
+            const auto mapped = AttachDxPerformance(in.building, in.systems, maps);
+            notes.insert(notes.end(), mapped.begin(), mapped.end());
+        }
         ctx.projectName = session.model.ProjectData[kProjName];
         ctx.location = in.location.substr(0, 36);
         zoneCount = static_cast<int>(in.building.zones.size());
@@ -145,7 +155,13 @@ int RunEngine(const fs::path& here, const EngineRunOptions& options) {
         opt.onDay(0, std::max(1, opt.endDay - opt.beginDay + 1));
         const RunResults res = Simulate(in.building, weather, opt);
 
-        const SystemsResults sys = SimulateSystems(in.building, res, weather, opt, in.systems);
+        // The plant is sized on the design days of the project's design
+        // temperatures when it has them.
+        std::optional<DesignLoads> design;
+        if (in.design && !opt.hvacOff)
+            design = DesignDayLoads(in.building, weather, *in.design, opt);
+        const SystemsResults sys = SimulateSystems(in.building, res, weather, opt, in.systems,
+                                                   design ? &*design : nullptr);
         Write(here / "sim$.out", SimOutText(in.building, res, sys, in.systems, ctx));
         Write(here / "ecalc$.wth", WeatherSummaryText(weather, ctx));
         Write(here / "ecalc$.flt", ComfortText(in.building, res, ctx));

@@ -2,12 +2,14 @@
 // the engine's building description, site and climate statistics.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/project_model.h"
 #include "engine/building.h"
 #include "engine/hvac_systems.h"
+#include "engine/sizing.h"
 #include "engine/synthetic_weather.h"
 #include "engine/weather_data.h"
 
@@ -20,6 +22,8 @@ struct ProjectRunInputs {
     MonthlyClimate climate;           // from the climate block
     std::string location;             // ProjectData [3]
     std::vector<std::string> notes;   // what was assumed or left out, for Monitor.txt
+    // The project's design temperatures ("DesTemps"), when all three are given.
+    std::optional<DesignConditions> design;
 };
 
 // Twelve numbers of a climate row (text after its label), blank separated.

@@ -78,6 +78,20 @@ const char* HeaterName(const ZoneSystem& s) {
     return "NONE";
 }
 
+// The likely cause of a zone's unmet hours: no plant for the load, or a
+// plant short of capacity in those hours (the sizing is at the peak hour's
+// conditions; a hotter hour, a wetter room or a heat pump's cold limit
+// leaves it short).
+std::string UnmetCause(const ZoneSystem& s, const ZoneSystemResults& o) {
+    std::string c;
+    if (o.unmetCoolingHours > 0)
+        c = s.cooling == CoolingPlant::None ? "NO COOLING PLANT" : "CLG CAPACITY SHORT";
+    if (o.unmetHeatingHours > 0)
+        c += std::string(c.empty() ? "" : ", ") +
+             (s.heating == HeatingPlant::None ? "NO HEATING PLANT" : "HTG CAPACITY SHORT");
+    return c.empty() ? "-" : c;
+}
+
 // VI.: each zone's sized plant and unmet hours, then the end uses by month
 // (electricity in kWh, fuel in the heating unit) and the peak electric
 // demand. Month rows start with a blank so that no reader takes them for
@@ -90,6 +104,19 @@ void SystemsSection(LineWriter& out, const Building& b, const RunResults& r,
     const double eUnit = si ? kWhToGJ : kWhToMBtu;
     out.Line("VI.  HVAC SYSTEMS, END USES AND PEAK ELECTRIC DEMAND");
     out.Line();
+    if (sys.sizedOnDesignDays) {
+        auto t = [&](double c) {
+            char buf[32];
+            std::snprintf(buf, sizeof buf, "%.1f", si ? c : c * 1.8 + 32.0);
+            return std::string(buf);
+        };
+        const char* u = si ? " C" : " F";
+        out.Line("    PLANT SIZED ON THE DESIGN DAYS: SUMMER " + t(sys.design.summerDryBulb) + u +
+                 " DRY BULB, " + t(sys.design.summerWetBulb) + u + " WET BULB; WINTER " +
+                 t(sys.design.winterDryBulb) + u + " (COOLING x 1.15, HEATING x 1.25)");
+    } else {
+        out.Line("    PLANT SIZED AT THE YEAR'S PEAK HOURS (COOLING x 1.15, HEATING x 1.25)");
+    }
     out.Text("    ZONE")
         .Column(30)
         .Text("TYPE")
@@ -109,10 +136,12 @@ void SystemsSection(LineWriter& out, const Building& b, const RunResults& r,
         .Text("UNMET CLG H")
         .Column(107)
         .Text("UNMET HTG H")
+        .Column(120)
+        .Text("LIKELY CAUSE")
         .EndLine();
     out.Column(54).Text(FormatField(si ? "KW" : "KBTUH", "@@@@@@@@"));
     out.Column(64).Text(FormatField(si ? "KW" : "KBTUH", "@@@@@@@@")).EndLine();
-    out.Line("    " + std::string(114, '-'));
+    out.Line("    " + std::string(128, '-'));
     for (std::size_t z = 0; z < sys.zones.size() && z < b.zones.size(); ++z) {
         const ZoneSystemResults& o = sys.zones[z];
         const ZoneSystem& s = z < systems.size() ? systems[z] : ZoneSystem{};
@@ -135,6 +164,8 @@ void SystemsSection(LineWriter& out, const Building& b, const RunResults& r,
             .Text(Fixed(o.unmetCoolingHours, 11, 0))
             .Column(107)
             .Text(Fixed(o.unmetHeatingHours, 11, 0))
+            .Column(120)
+            .Text(UnmetCause(s, o))
             .EndLine();
     }
     out.Line();
@@ -190,6 +221,50 @@ void SystemsSection(LineWriter& out, const Building& b, const RunResults& r,
         unmetC += o.unmetCoolingHours, unmetH += o.unmetHeatingHours;
     out.Line("    UNMET LOAD HOURS, ALL ZONES: COOLING " + std::to_string(unmetC) + ", HEATING " +
              std::to_string(unmetH));
+    out.Line();
+    // Indoor humidity of the zone's air: the moisture balance's mean and
+    // highest relative humidity, and the hours above 60 %.
+    out.Line("    INDOOR HUMIDITY");
+    out.Text("    ZONE")
+        .Column(30)
+        .Text("MEAN RH %")
+        .Column(42)
+        .Text("MAX RH %")
+        .Column(53)
+        .Text("HOURS > 60 %")
+        .Column(68)
+        .Text(si ? "MEAN W G/KG" : "MEAN W GR/LB")
+        .Column(82)
+        .Text("COIL LATENT")
+        .Column(96)
+        .Text("ECONOMISER")
+        .EndLine();
+    out.Line("    " + std::string(102, '-'));
+    for (std::size_t z = 0; z < sys.zones.size() && z < b.zones.size(); ++z) {
+        const ZoneSystemResults& o = sys.zones[z];
+        double rh = 0, w = 0, latent = 0;
+        int hours = 0;
+        for (int m = 0; m < 12; ++m)
+            rh += o.rhSum[m], w += o.humidityRatioSum[m], hours += o.hours[m],
+                latent += o.coilLatent[m];
+        if (hours == 0) continue;
+        out.Text("    " + (b.zones[z].number.empty() ? r.zones[z].name : b.zones[z].number))
+            .Column(30)
+            .Text(Fixed(rh / hours, 9, 1))
+            .Column(42)
+            .Text(Fixed(o.maxRh, 8, 1))
+            .Column(53)
+            .Text(Fixed(o.hoursAboveRh60, 12, 0))
+            .Column(68)
+            .Text(Fixed(w / hours * (si ? 1000.0 : 7000.0), 11, 2))
+            .Column(82)
+            .Text(Fixed(latent / 1000.0 * (si ? 1.0 : 3.412142), 11, 0))
+            .Column(96)
+            .Text(Fixed(o.economizerCooling / 1000.0 * (si ? 1.0 : 3.412142), 10, 0))
+            .EndLine();
+    }
+    out.Line(std::string("    COIL LATENT: MOISTURE CONDENSED ON THE COOLING COIL; ECONOMISER: ") +
+             "COOLING LOAD TAKEN BY OUTDOOR AIR; " + (si ? "KWH" : "KBTU"));
     out.Line();
 }
 

@@ -7,6 +7,7 @@
 #include <mutex>
 #include <stdexcept>
 
+#include "engine/daylighting.h"
 #include "engine/parallel_for.h"
 #include "engine/sun.h"
 #include "engine/zone_state.h"
@@ -549,7 +550,15 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 auto prof = [&](int p) { return p < 0 ? 1.0 : b.profiles[p].At(weekday, hour); };
                 const ZoneGains& g = zone.gains;
                 const double people = g.peopleSensible * prof(g.peopleProfile);
-                const double lights = g.lights * prof(g.lightsProfile);
+                // Daylighting dims the lights of the daylit part (daylighting.h).
+                double dimmed = 1.0;
+                if (zone.daylight.share > 0 && zone.daylight.targetLux > 0) {
+                    const double lux = zone.daylight.daylightFactor / 100.0 * wh.diffuseHorizontal *
+                                       kSkyLuminousEfficacy;
+                    dimmed = 1.0 - zone.daylight.share *
+                                       (1.0 - DimmedPowerFraction(lux, zone.daylight.targetLux));
+                }
+                const double lights = g.lights * prof(g.lightsProfile) * dimmed;
                 const double equip = g.equipment * prof(g.equipmentProfile);
                 const double radiant = people * g.peopleRadiant + lights * g.lightsRadiant +
                                        equip * g.equipmentRadiant;

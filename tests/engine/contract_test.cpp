@@ -78,7 +78,8 @@ double Field(const std::string& line, int col, int width) {
 
 std::vector<std::string> RunEngine(const std::string& dirName, int runType,
                                    std::vector<std::string>* flt = nullptr,
-                                   std::vector<std::string>* monitor = nullptr, bool si = false) {
+                                   std::vector<std::string>* monitor = nullptr, bool si = false,
+                                   const std::string& dxMap = "") {
     const fs::path dir = fs::temp_directory_path() / dirName;
     fs::remove_all(dir);
     fs::create_directories(dir);
@@ -94,6 +95,9 @@ std::vector<std::string> RunEngine(const std::string& dirName, int runType,
     EXPECT_TRUE(WriteFileAtomic(dir / "ecalc$.inp", inp));
     fs::copy_file(kSource + "/tests/fixtures/weather/725650TYCST.epw", dir / "ecalc$.tmy");
     EXPECT_TRUE(WriteFileAtomic(dir / "ecalc$.tmp", ControlText(runType)));
+    if (!dxMap.empty()) {
+        EXPECT_TRUE(WriteFileAtomic(dir / "Solv2020.dx", dxMap));
+    }
     const std::string cmd = "cd \"" + dir.string() + "\" && \"" SOLV2020_PATH "\"";
     EXPECT_EQ(std::system(cmd.c_str()), 0);
     const auto sim = ReadTextFile(dir / "sim$.out");
@@ -191,6 +195,36 @@ TEST(EngineContract, ComponentAndMonthlyTablesReadBackByColumn) {
     EXPECT_GT(Field(y, 39, 9), 0.0);           // chilled, condenser and hot-water pumps
     EXPECT_GT(Field(y, 59, 9), 0.0);           // receptacles
     EXPECT_GT(Field(y, 110, 9), 0.0);          // peak demand, kW
+    // The zone's row: its unmet hours' likely cause at 120; the indoor
+    // humidity table: mean and highest relative humidity of the room.
+    std::size_t zoneRow = vi;
+    while (zoneRow < lines.size() && lines[zoneRow].rfind("    1-1", 0) != 0) ++zoneRow;
+    ASSERT_LT(zoneRow, lines.size());
+    const std::string cause = lines[zoneRow].size() > 119 ? lines[zoneRow].substr(119) : "";
+    EXPECT_TRUE(cause == "-" || cause.find("CAPACITY SHORT") != std::string::npos) << cause;
+    std::size_t rh = zoneRow + 1;
+    while (rh < lines.size() && lines[rh].rfind("    1-1", 0) != 0) ++rh;
+    ASSERT_LT(rh, lines.size());
+    const double meanRh = Field(lines[rh], 30, 9), maxRh = Field(lines[rh], 42, 8);
+    EXPECT_GT(meanRh, 5.0);  // Denver's dry air, no moisture sources in the cell
+    EXPECT_LT(meanRh, 60.0);
+    EXPECT_GE(maxRh, meanRh);
+    EXPECT_LE(maxRh, 100.0);
+}
+
+TEST(EngineContract, PerformanceMapFileIsReadAndItsMisfitsNamed) {
+    // Case 600's zone has a chiller: a DX map for it is left out, and a map
+    // for a zone the project has not is named too.
+    std::vector<std::string> monitor;
+    RunEngine("solvane_contract_dx", 3, nullptr, &monitor, false,
+              "ZONE 1-1\r\nCAPACITY 8000\r\nZONE 9-9\r\nCAPACITY 5000\r\n");
+    bool chiller = false, missing = false;
+    for (const std::string& l : monitor) {
+        chiller |= l.find("Zone 1-1: Solv2020.dx") != std::string::npos;
+        missing |= l.find("no zone 9-9") != std::string::npos;
+    }
+    EXPECT_TRUE(chiller);
+    EXPECT_TRUE(missing);
 }
 
 TEST(EngineContract, PassiveRunWritesComfortPerZone) {
