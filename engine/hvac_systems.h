@@ -129,6 +129,7 @@ struct SystemsResults {
     std::array<std::array<double, 12>, kEndUseCount> electric{}, fuel{};
     std::array<double, 12> peakDemand{};  // W, the hour's mean electric power
     std::array<int, 12> peakDemandHour{};
+    std::array<double, 12> hotWaterVolume{};  // m3 drawn, by month
     std::vector<ZoneSystemResults> zones;
 
     double Electric(int use) const;
