@@ -31,12 +31,14 @@ std::string HourText(int hourOfYear) {
 // The peak totals of the line under the component table, columns 30-44:
 // the charts of peak heating and of peak cooling both take their total
 // from there, so it carries both, "H" the heating and "C" the cooling
-// peak, each chart showing its own beside the other. Decimals give way
-// to the width.
+// peak, each chart showing its own beside the other. Blanks, then
+// decimals give way to the width.
 std::string BothPeaks(double heat, double cool) {
     char buf[64] = "";
     for (int d = 2; d >= 0; --d) {
         std::snprintf(buf, sizeof buf, "H %.*f C %.*f", d, heat, d, cool);
+        if (std::strlen(buf) <= 15) break;
+        std::snprintf(buf, sizeof buf, "H%.*f C%.*f", d, heat, d, cool);
         if (std::strlen(buf) <= 15) break;
     }
     return FormatField(buf, "@@@@@@@@@@@@@@@");
