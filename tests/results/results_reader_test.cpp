@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <functional>
 
 #include "../run/sample_program.h"
 #include "core/numeric_helpers.h"
@@ -21,13 +22,16 @@ namespace solvane {
 namespace {
 
 // Runs a sample through the run screen and the engine; gives ecalc$.out.
-std::string RunSample(const std::string& sample, const std::string& begin = "1-Jan") {
+// `edit` may change the project before the run.
+std::string RunSample(const std::string& sample, const std::string& begin = "1-Jan",
+                      const std::function<void(ProjectModel&)>& edit = {}) {
     const fs::path root = test::MakeSampleProgram("results_" + begin);
     test::InstallEngine(root);
     Session session;
     session.paths = ProgramPaths(root);
     ScriptedPrompt prompt;
     test::LoadSample(session, prompt, sample);
+    if (edit) edit(session.model);
     RunSimController run(session, prompt, {[] { return 0.5; }, [] { return std::string(); }, 0});
     run.OpenRun();
     run.fields().At("Text1", 0).text = begin;
@@ -220,6 +224,45 @@ TEST(ResultsReader, UtilityCostsReadBackAsTheEngineBilledThem) {
     EXPECT_GT(*c.gas[12], 0);  // Chicago: the office burns gas
     // The life-cycle cost of a whole year is in VII.
     EXPECT_FALSE(rowOf(vii, "TOTAL LIFE-CYCLE COST").empty());
+}
+
+TEST(ResultsReader, DemandScheduleEnteredOnTheScreenIsBilled) {
+    // The office with a demand schedule as the economics screen keeps it:
+    // the first 10 kW at $4, the next 10 at $6, the rest at $9 a kW.
+    const std::string report =
+        RunSample("Small Office [two levels, I-P].inp", "1-Jan", [](ProjectModel& m) {
+            EconomicsState& e = m.economics;
+            e.EconomicsData[11] = " Y";
+            e.DemandCharge = " Y";
+            e.NumDemandRates = 3;
+            const char* kw[] = {"", "10", "10", "999"};
+            const char* cost[] = {"", "4", "6", "9"};
+            for (int i = 1; i <= 3; ++i)
+                e.DemandRateLimit[i] = kw[i], e.DemandRateCost[i] = cost[i];
+        });
+    const auto read = ReadMonthlyCosts(report);
+    ASSERT_TRUE(read) << read.error;
+    const auto vii = LinesFrom(report, "VII.");
+    int months = 0;
+    for (const std::string& l : vii) {
+        if (l.size() < 108 || l.rfind("    ", 0) != 0) continue;
+        int m = 0;
+        while (m < 12 &&
+               l.substr(4, 3) != std::string("JANFEBMARAPRMAYJUNJULAUGSEPOCTNOVDEC", 3 * m, 3))
+            ++m;
+        if (m == 12) continue;
+        ++months;
+        // By hand from the month's peak kW (printed to 0.1 kW).
+        const double kw = At(l, 22, 9);
+        const double demand = 4 * std::min(kw, 10.0) + 6 * std::clamp(kw - 10, 0.0, 10.0) +
+                              9 * std::max(kw - 20, 0.0);
+        EXPECT_GT(kw, 10) << l;  // each month reaches the second block
+        EXPECT_NEAR(At(l, 43, 10), demand, 0.05 * 9 + 0.01) << l;
+        // The monthly table's electric cost holds energy and demand.
+        EXPECT_NEAR(*read.table->elec[m], At(l, 32, 10) + At(l, 43, 10), 0.5 + 1e-6) << l;
+    }
+    EXPECT_EQ(months, 12);
+    EXPECT_NE(report.find("DEMAND CHARGE ON EACH MONTH'S PEAK HOURLY KW"), std::string::npos);
 }
 
 TEST(ResultsReader, CostColumnsWhenTheReportHasThem) {
