@@ -164,6 +164,9 @@ TEST(ResultsReader, MissingSectionsGiveAnErrorAndNoFigures) {
     EXPECT_NE(costs.error.find("not available"), std::string::npos);
 }
 
+const char* const kMonths[] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
+                               "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
+
 // Lines of the report from the first that begins with `head`.
 std::vector<std::string> LinesFrom(const std::string& report, const std::string& head) {
     std::vector<std::string> lines;
@@ -200,8 +203,6 @@ TEST(ResultsReader, UtilityCostsReadBackAsTheEngineBilledThem) {
     };
     double sum = 0;
     for (int m = 0; m < 12; ++m) {
-        static const char* kMonths[] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
-                                        "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
         const std::string bill = rowOf(vii, kMonths[m]);
         const std::string use = rowOf(vi, kMonths[m]);
         ASSERT_FALSE(bill.empty() || use.empty()) << m;
@@ -247,9 +248,7 @@ TEST(ResultsReader, DemandScheduleEnteredOnTheScreenIsBilled) {
     for (const std::string& l : vii) {
         if (l.size() < 108 || l.rfind("    ", 0) != 0) continue;
         int m = 0;
-        while (m < 12 &&
-               l.substr(4, 3) != std::string("JANFEBMARAPRMAYJUNJULAUGSEPOCTNOVDEC", 3 * m, 3))
-            ++m;
+        while (m < 12 && l.substr(4, 3) != kMonths[m]) ++m;
         if (m == 12) continue;
         ++months;
         // By hand from the month's peak kW (printed to 0.1 kW).
