@@ -80,28 +80,16 @@ void CostSection(LineWriter& out, const CostResults& c, const ReportContext& ctx
     const double gasPrice = si ? in.gasPrice / kGjPerTherm : in.gasPrice;
     const double waterPrice = si ? in.waterPrice / kM3PerKgal : in.waterPrice;
     out.Line("    PRICES OF THE FIRST YEAR AND THEIR ESCALATION A YEAR");
-    out.Text("    ELECTRICITY")
-        .Column(24)
-        .Text(Fixed(in.electricPrice, 10, 4) + " $/KWH")
-        .Column(50)
-        .Text(Fixed(in.electricEscalation * 100, 6, 2) + " %")
-        .EndLine();
-    out.Text("    NATURAL GAS")
-        .Column(24)
-        .Text(Fixed(gasPrice, 10, 4) + (si ? " $/GJ" : " $/THERM"))
-        .Column(50)
-        .Text(Fixed(in.gasEscalation * 100, 6, 2) + " %")
-        .EndLine();
-    out.Text("    WATER")
-        .Column(24)
-        .Text(Fixed(waterPrice, 10, 4) + (si ? " $/1000 L" : " $/1000 GAL"))
-        .Column(50)
-        .Text(Fixed(in.waterEscalation * 100, 6, 2) + " %")
-        .EndLine();
-    out.Text("    BUILDING AND MAINTENANCE")
-        .Column(50)
-        .Text(Fixed(in.costEscalation * 100, 6, 2) + " %")
-        .EndLine();
+    auto price = [&](const std::string& what, const std::string& value, double escalation) {
+        out.Text("    " + what);
+        if (!value.empty()) out.Column(24).Text(value);
+        out.Column(50).Text(Fixed(escalation * 100, 6, 2) + " %").EndLine();
+    };
+    price("ELECTRICITY", Fixed(in.electricPrice, 10, 4) + " $/KWH", in.electricEscalation);
+    price("NATURAL GAS", Fixed(gasPrice, 10, 4) + (si ? " $/GJ" : " $/THERM"), in.gasEscalation);
+    price("WATER", Fixed(waterPrice, 10, 4) + (si ? " $/1000 L" : " $/1000 GAL"),
+          in.waterEscalation);
+    price("BUILDING AND MAINTENANCE", "", in.costEscalation);
     if (in.demandInForce && !in.demandSteps.empty()) {
         out.Line("    DEMAND CHARGE ON EACH MONTH'S PEAK HOURLY KW, IN BLOCKS (NO RATCHET):");
         double from = 0;
