@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/numeric_helpers.h"
+#include "core/text_cuts.h"
 #include "economics/economics_form.h"
 
 namespace solvane::engine {
@@ -13,12 +14,6 @@ constexpr double kWhPerTherm = 29307.107;   // 100,000 Btu
 constexpr double kWPerTon = 3516.8528;      // 12,000 Btu/h
 constexpr double kM3PerKgal = 3.785411784;  // 1000 US gal
 constexpr double kFt2PerM2 = 10.76391;
-
-std::string Trimmed(const std::string& s) {
-    const auto a = s.find_first_not_of(' ');
-    if (a == std::string::npos) return {};
-    return s.substr(a, s.find_last_not_of(' ') - a + 1);
-}
 
 }  // namespace
 
@@ -31,8 +26,8 @@ EconomicInputs EconomicInputsOf(const ProjectModel& model) {
     in.electricPrice = v(5), in.electricEscalation = v(6);
     in.gasPrice = v(7), in.gasEscalation = v(8);
     in.waterPrice = v(9), in.waterEscalation = v(10);
-    in.demandInForce =
-        DemandFlagMeansYes(e.DemandCharge) || DemandFlagMeansYes(Trimmed(e.EconomicsData[11]));
+    in.demandInForce = DemandFlagMeansYes(e.DemandCharge) ||
+                       DemandFlagMeansYes(cuts::TrimLeft(cuts::TrimRight(e.EconomicsData[11])));
     for (int i = 1; i <= std::min<int>(e.NumDemandRates, 3); ++i)
         in.demandSteps.push_back({NumVal(e.DemandRateLimit[i]), NumVal(e.DemandRateCost[i])});
     in.constructionCostPerFt2 = NumVal(model.ProjectData[kConCost]);
@@ -126,11 +121,13 @@ CostResults ComputeCosts(const EconomicInputs& in, const SystemsResults& sys,
 
     LifeCycleCost& l = c.lifeCycle;
     l.years = static_cast<int>(std::lround(in.economicLife));
-    if (!wholeYear || l.years <= 0) return c;
+    // A discount rate of -100 % or below has no present worth.
+    if (!wholeYear || l.years <= 0 || in.discountRate <= -1) return c;
     l.computed = true;
     const double d = in.discountRate, n = l.years;
     l.construction = c.construction, l.lighting = c.lighting, l.hvacFirst = c.hvacFirst;
-    if (in.hvacLife > 0) {
+    // A plant life under a year is taken as no life given: no replacements.
+    if (in.hvacLife >= 1) {
         double t = in.hvacLife;
         for (; t < n - 1e-9; t += in.hvacLife, ++l.replacementCount)
             l.hvacReplacements += c.hvacFirst * SinglePresentWorth(d, in.costEscalation, t);

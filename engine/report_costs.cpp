@@ -3,6 +3,7 @@
 #include <string>
 
 #include "core/numeric_helpers.h"
+#include "core/text_cuts.h"
 #include "engine/report_format.h"
 
 namespace solvane::engine {
@@ -16,8 +17,7 @@ double Water(double kgal, bool si) {
 }
 
 std::string Trim(const std::string& s) {
-    const auto a = s.find_first_not_of(' ');
-    return a == std::string::npos ? std::string() : s.substr(a);
+    return cuts::TrimLeft(s);
 }
 
 std::string Right(const std::string& text, int width) {
@@ -205,9 +205,11 @@ void CostSection(LineWriter& out, const CostResults& c, const ReportContext& ctx
 
     const LifeCycleCost& l = c.lifeCycle;
     if (!l.computed) {
-        out.Line(l.years <= 0 ? "    LIFE-CYCLE COST NOT COMPUTED: THE ECONOMIC LIFE IS NOT SET"
-                              : "    LIFE-CYCLE COST NOT COMPUTED: IT NEEDS THE BILLS OF A WHOLE "
-                                "YEAR AND THIS RUN IS SHORTER");
+        const char* why = l.years <= 0 ? "THE ECONOMIC LIFE IS NOT SET"
+                          : in.discountRate <= -1
+                              ? "THE DISCOUNT RATE IS -100 % OR BELOW"
+                              : "IT NEEDS THE BILLS OF A WHOLE YEAR AND THIS RUN IS SHORTER";
+        out.Line(std::string("    LIFE-CYCLE COST NOT COMPUTED: ") + why);
         out.Line();
         return;
     }

@@ -117,6 +117,12 @@ TEST(Costs, LifeCycleOverTheEconomicAndHvacLives) {
     const LifeCycleCost l30 = ComputeCosts(in, s, zones, 0, 11, true).lifeCycle;
     EXPECT_EQ(l30.replacementCount, 0);
     EXPECT_NEAR(l30.hvacResidual, 10000 * 5.0 / 30 / std::pow(1.03, 25), 0.01);
+
+    // Figures that give no present worth leave the life-cycle cost out.
+    in.discountRate = -1;
+    EXPECT_FALSE(ComputeCosts(in, s, zones, 0, 11, true).lifeCycle.computed);
+    in.discountRate = 0.03, in.economicLife = 0;
+    EXPECT_FALSE(ComputeCosts(in, s, zones, 0, 11, true).lifeCycle.computed);
 }
 
 TEST(Costs, ReportColumnsTheReadersTake) {
