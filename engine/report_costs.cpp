@@ -56,13 +56,13 @@ void CostColumnNames(LineWriter& out) {
     out.Column(114).Text(Right("TOTAL", 9));
 }
 
-void CostColumns(LineWriter& out, const MonthlyBill& b, bool si) {
-    out.Column(63).Text(Fixed(b.peakKw, 8, 1)).Column(71).Text(Fixed(Water(b.kgal, si), 8, 1));
-    Dollars(out, b);
-}
-
 void CostTotalsOnEnergyLine(LineWriter& out, const MonthlyBill& p, bool si) {
     out.Column(63).Text(Fixed(p.peakKw, 8, 1)).Column(71).Text(Fixed(Water(p.kgal, si), 8, 1));
+}
+
+void CostColumns(LineWriter& out, const MonthlyBill& b, bool si) {
+    CostTotalsOnEnergyLine(out, b, si);  // the same two figures
+    Dollars(out, b);
 }
 
 void CostTotalsLine(LineWriter& out, const MonthlyBill& p) {
