@@ -1,5 +1,6 @@
 #include "engine/engine_run.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -13,6 +14,7 @@
 #include "core/session.h"
 #include "core/text_file.h"
 #include "engine/control_file.h"
+#include "engine/costs.h"
 #include "engine/custom_weather.h"
 #include "engine/dx_coil.h"
 #include "engine/epw_reader.h"
@@ -162,7 +164,14 @@ int RunEngine(const fs::path& here, const EngineRunOptions& options) {
             design = DesignDayLoads(in.building, weather, *in.design, opt);
         const SystemsResults sys = SimulateSystems(in.building, res, weather, opt, in.systems,
                                                    design ? &*design : nullptr);
-        Write(here / "sim$.out", SimOutText(in.building, res, sys, in.systems, ctx));
+        const bool wholeYear = opt.beginDay == 1 && opt.endDay == 365 &&
+                               std::none_of(opt.skipMonth.begin(), opt.skipMonth.end(),
+                                            [](bool skip) { return skip; });
+        const CostResults costs = ComputeCosts(
+            EconomicInputsOf(session.model), sys, ZoneCostRatesOf(session.model, in.building),
+            MonthOfDay(std::clamp(ctx.control.beginDay, 1, 365) - 1),
+            MonthOfDay(std::clamp(ctx.control.endDay, 1, 365) - 1), wholeYear);
+        Write(here / "sim$.out", SimOutText(in.building, res, sys, in.systems, ctx, &costs));
         Write(here / "ecalc$.wth", WeatherSummaryText(weather, ctx));
         Write(here / "ecalc$.flt", ComfortText(in.building, res, ctx));
         if (ctx.control.hourlyOutput) {

@@ -147,8 +147,6 @@ void NoteUnsimulatedZoneFields(const ProjectModel& m, int z, std::vector<std::st
     if (hvac < 1 || hvac > 15)
         names.push_back("HVAC Type " + NumText(NumVal(f[20])) +
                         " (no such system: its cooling is counted unmet)");
-    if (NumVal(f[12]) > 0 || NumVal(f[29]) > 0 || NumVal(f[30]) > 0)
-        names.push_back("costs (Cost/sqft, 1st Cost, Maint Cost)");
     if (IsYes(m.zones.ZoneNatVent[z]) && NumVal(f[22]) <= 0)
         names.push_back("natural ventilation switched on with no rate (CFM/sqft.)");
     const SurfaceState& sf = m.surfaces;

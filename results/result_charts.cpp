@@ -189,13 +189,17 @@ void DrawMonthlyCosts(const MonthlyCosts& c, const ChartHead& head, ScreenFields
     Label(f, "Label4", "$");
     Text(canvas, s, 300, 1100, "$", kBlack);
     MonthAxis(canvas, s, c.scale, c.startMonth);
-    Series(canvas, s, c.gas, c.startMonth, c.scale, kFirstSeries);
-    Series(canvas, s, c.elec, c.startMonth, c.scale, kSecondSeries);
-    Series(canvas, s, c.total, c.startMonth, c.scale, kTotalSeries);
-    const auto year = [](const std::array<std::optional<double>, 13>& t) {
-        for (int i = 12; i >= 0; --i)
-            if (t[i]) return *t[i];
-        return 0.0;
+    // The months only: a run that ends before December has its period's
+    // figures in the month after its last, which is not plotted.
+    const auto months = [&](std::array<std::optional<double>, 13> t) {
+        t[c.periodIndex].reset();
+        return t;
+    };
+    Series(canvas, s, months(c.gas), c.startMonth, c.scale, kFirstSeries);
+    Series(canvas, s, months(c.elec), c.startMonth, c.scale, kSecondSeries);
+    Series(canvas, s, months(c.total), c.startMonth, c.scale, kTotalSeries);
+    const auto year = [&](const std::array<std::optional<double>, 13>& t) {
+        return t[c.periodIndex].value_or(0.0);
     };
     const std::string gas = "Total Gas Costs = $ " + Rounded(year(c.gas), 0);
     const std::string elec = "Total Elec. Costs = $ " + Rounded(year(c.elec), 0);

@@ -222,7 +222,8 @@ ReportRead<MonthlyCosts> ReadMonthlyCosts(std::string_view report) {
         r.error = "The monthly table of the results file has no totals line.";
         return r;
     }
-    take(*annual, std::min(m, 12));
+    t.periodIndex = std::min(m, 12);
+    take(*annual, t.periodIndex);
     if (!anyCost) {
         r.error = "The results file holds no utility costs: they are not available for this run.";
         return r;

@@ -113,5 +113,23 @@ TEST(MonthlyChart, CostsBeyondTheScaleRunOffTheChartAndNoFurther) {
     EXPECT_EQ(canvas.ColorAt(145, 150), 0x008000u);
 }
 
+TEST(MonthlyCostChart, APeriodEndingBeforeDecemberIsTotalledNotPlotted) {
+    // April to September: the period's figures stand in October's place.
+    MonthlyCosts c;
+    c.startMonth = 3;
+    for (int m = 3; m <= 8; ++m) c.gas[m] = 0, c.elec[m] = 100, c.total[m] = 100;
+    c.gas[9] = 0, c.elec[9] = 600, c.total[9] = 600;
+    c.periodIndex = 9;
+    c.scale = 1000;
+    RasterCanvas canvas(kW, kH);
+    ScreenFields f;
+    DrawMonthlyCosts(c, {"retail.inp", "Retail"}, f, canvas);
+    // April's total at x 1450, y 5000 - 100 * 3500 / 1000 = 4650.
+    EXPECT_EQ(canvas.ColorAt(145, 465), 0x008000u);
+    // No point for the period at October's place (x 5050, y 2900).
+    EXPECT_NE(canvas.ColorAt(505, 290), 0x008000u);
+    EXPECT_EQ(f.Text("Tottotal"), "Total Costs = $ 600");
+}
+
 }  // namespace
 }  // namespace solvane
