@@ -156,6 +156,26 @@ TEST_F(TabularTest, ComfortPagesOneAZoneAndTheButtonsStopAtTheEnds) {
     EXPECT_TRUE(tab.fields.At("zone", 2).enabled);
 }
 
+TEST_F(TabularTest, ZoneDataPagesOneAZoneWithTheLocationWhole) {
+    session_.model.ProjectData[kLocation] = "Chicago OHare Intl AP, Illinois";
+    TabularController tab(session_, prompt_);
+    ASSERT_TRUE(tab.Show(TableView::ZoneData)) << prompt_.asked.back().text;
+    EXPECT_EQ(tab.ZonePageCount(), 6);  // the office's six zones
+    EXPECT_EQ(Lines(Temp("1.txt")).front().substr(0, 3), "II.");
+    for (int n = 2; n <= 6; ++n)
+        EXPECT_EQ(Lines(Temp(std::to_string(n) + ".txt")).front().substr(0, 8), "    ZONE") << n;
+    EXPECT_FALSE(fs::exists(Temp("7.txt")));
+    EXPECT_EQ(Lines(Temp("tabzone.txt")).front().substr(0, 3), "II.");
+
+    ASSERT_TRUE(tab.Show(TableView::ProjectData));
+    const auto project = Lines(Temp("tabproj.txt"));
+    const auto analysis = std::find_if(project.begin(), project.end(),
+                                       [](auto& l) { return l.rfind(" ANALYSIS FOR:", 0) == 0; });
+    ASSERT_NE(analysis, project.end());
+    EXPECT_EQ(*(analysis + 1), std::string(15, ' ') + "Chicago OHare Intl AP, Illinois");
+    EXPECT_EQ(project.back().rfind("II.", 0), std::string::npos);
+}
+
 TEST_F(TabularTest, WeatherHasTwoPagesAndTheSummaryIsOneFile) {
     TabularController tab(session_, prompt_);
     ASSERT_TRUE(tab.Show(TableView::WeatherSummary));
