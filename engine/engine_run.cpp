@@ -156,7 +156,7 @@ int RunEngine(const fs::path& here, const EngineRunOptions& options) {
                                                    design ? &*design : nullptr);
         Write(here / "sim$.out", SimOutText(in.building, res, sys, in.systems, ctx));
         Write(here / "ecalc$.wth", WeatherSummaryText(weather, ctx));
-        Write(here / "ecalc$.flt", ComfortText(in.building, res, ctx));
+        Write(here / "ecalc$.flt", ComfortText(in.building, res, ctx, &sys));
         if (ctx.control.hourlyOutput) {
             Write(here / "ecalc$.hry", HourlyEnergyText(res, ctx));
             Write(here / "etemp$.hry", HourlyTemperatureText(res, ctx));
