@@ -1,5 +1,6 @@
 #include "engine/engine_run.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
@@ -13,6 +14,7 @@
 #include "core/session.h"
 #include "core/text_file.h"
 #include "engine/control_file.h"
+#include "engine/costs.h"
 #include "engine/custom_weather.h"
 #include "engine/dx_coil.h"
 #include "engine/epw_reader.h"
@@ -141,10 +143,18 @@ int RunEngine(const fs::path& here, const EngineRunOptions& options) {
         opt.skipMonth = ctx.control.skipMonth;
         opt.firstWeekday = ctx.control.firstDayOfYear - 1;
         opt.hvacOff = ctx.control.runType == 4;
+        opt.threads = options.threads;
         opt.comfortLower =
             ctx.si ? ctx.control.comfortLower : (ctx.control.comfortLower - 32) / 1.8;
         opt.comfortUpper =
             ctx.si ? ctx.control.comfortUpper : (ctx.control.comfortUpper - 32) / 1.8;
+        // The desktop follows the run by the days done (Progress.txt); a
+        // record it cannot write only costs the bar its moves.
+        const fs::path progress = here / "Progress.txt";
+        opt.onDay = [&progress](int done, int total) {
+            WriteFileAtomic(progress, std::to_string(done) + " " + std::to_string(total) + "\r\n");
+        };
+        opt.onDay(0, std::max(1, opt.endDay - opt.beginDay + 1));
         const RunResults res = Simulate(in.building, weather, opt);
 
         // The plant is sized on the design days of the project's design
@@ -154,7 +164,14 @@ int RunEngine(const fs::path& here, const EngineRunOptions& options) {
             design = DesignDayLoads(in.building, weather, *in.design, opt);
         const SystemsResults sys = SimulateSystems(in.building, res, weather, opt, in.systems,
                                                    design ? &*design : nullptr);
-        Write(here / "sim$.out", SimOutText(in.building, res, sys, in.systems, ctx));
+        const bool wholeYear = opt.beginDay == 1 && opt.endDay == 365 &&
+                               std::none_of(opt.skipMonth.begin(), opt.skipMonth.end(),
+                                            [](bool skip) { return skip; });
+        const CostResults costs = ComputeCosts(
+            EconomicInputsOf(session.model), sys, ZoneCostRatesOf(session.model, in.building),
+            MonthOfDay(std::clamp(ctx.control.beginDay, 1, 365) - 1),
+            MonthOfDay(std::clamp(ctx.control.endDay, 1, 365) - 1), wholeYear);
+        Write(here / "sim$.out", SimOutText(in.building, res, sys, in.systems, ctx, &costs));
         Write(here / "ecalc$.wth", WeatherSummaryText(weather, ctx));
         Write(here / "ecalc$.flt", ComfortText(in.building, res, ctx, &sys));
         if (ctx.control.hourlyOutput) {

@@ -639,6 +639,7 @@ SystemsResults SimulateSystems(const Building& b, const RunResults& run, const W
                 const double q =
                     v * kWaterRhoCp * std::max(kHotWaterSupply - mains[day], 0.0) / 3600.0;
                 o.hotWaterVolume += v;
+                out.hotWaterVolume[month] += v;
                 // Gas storage heater 0.80 thermal efficiency (ASHRAE 90.1-2019
                 // Table 7.8); electric resistance 1.
                 if (s.electricWaterHeater)

@@ -166,6 +166,7 @@ struct SystemsResults {
     std::array<std::array<double, 12>, kEndUseCount> electric{}, fuel{};
     std::array<double, 12> peakDemand{};  // W, the hour's mean electric power
     std::array<int, 12> peakDemandHour{};
+    std::array<double, 12> hotWaterVolume{};  // m3 drawn, by month
     std::vector<ZoneSystemResults> zones;
     bool sizedOnDesignDays = false;
     DesignConditions design;  // when sized on the design days

@@ -147,8 +147,6 @@ void NoteUnsimulatedZoneFields(const ProjectModel& m, int z, std::vector<std::st
     if (hvac < 1 || hvac > 15)
         names.push_back("HVAC Type " + NumText(NumVal(f[20])) +
                         " (no such system: its cooling is counted unmet)");
-    if (NumVal(f[12]) > 0 || NumVal(f[29]) > 0 || NumVal(f[30]) > 0)
-        names.push_back("costs (Cost/sqft, 1st Cost, Maint Cost)");
     if (IsYes(m.zones.ZoneNatVent[z]) && NumVal(f[22]) <= 0)
         names.push_back("natural ventilation switched on with no rate (CFM/sqft.)");
     const SurfaceState& sf = m.surfaces;
@@ -268,7 +266,14 @@ ZoneDaylighting DaylightingOf(const Zone& zone, const Building& b, const TextTab
 ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
                                   const std::string& buildingMatrix) {
     ProjectRunInputs out;
-    const std::vector<LevelHeight> levels = ReadLevelHeights(buildingMatrix);
+    // The engine's copy of a project in SI holds I-P values but for two
+    // things the unit writer leaves as they are: the receptacle load (W per
+    // sq.m.) and the building matrix (metres). The head line's word says so.
+    const bool siProject = m.session.Units == 2;
+    std::vector<LevelHeight> levels = ReadLevelHeights(buildingMatrix);
+    if (siProject)
+        for (LevelHeight& lv : levels) lv.roomHeight *= UnitFactor::LengthSiToIp;
+    const double receptacleToIp = siProject ? UnitFactor::AreaIpToSi : 1.0;
     // The week follows the profiles' weekday, Saturday and Sunday rows.
     if (NumVal(m.ProjectData[kHolidays]) > 0)
         out.notes.push_back("Project: not simulated in this run: annual holidays (An Hldays)");
@@ -371,11 +376,7 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
         zone.gains.peopleProfile = profileIndex(kOccupancy, f[6], 0.01, 0);
         zone.gains.lights = NumVal(f[13]) * areaFt2;
         zone.gains.lightsProfile = profileIndex(kLights, f[14], 0.01, 0);
-        // The receptacle field is the one per-area figure the SI project's
-        // copy for the engine keeps in its own unit (W/m2): the unit
-        // conversion of the front end leaves it as entered.
-        zone.gains.equipment =
-            NumVal(f[15]) * (m.session.Units == 2 ? areaFt2 * kFt2ToM2 : areaFt2);
+        zone.gains.equipment = NumVal(f[15]) * receptacleToIp * areaFt2;
         zone.gains.equipmentProfile = profileIndex(kReceptacles, f[16], 0.01, 0);
         zone.infiltrationAch = NumVal(f[23]);
         // Outdoor air by its prefix.

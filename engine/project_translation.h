@@ -72,7 +72,7 @@ std::vector<LevelHeight> ReadLevelHeights(const std::string& buildingMatrix);
 // - each zone's HVAC and heating types, efficiencies, fan static pressure
 //   and service hot water become its `systems` entry (hvac_systems.h);
 // - every field that this run does not simulate and that is set
-//   (daylighting, the economiser, costs, diffuse transmission, S/W/B, the
+//   (daylighting, the economiser, diffuse transmission, S/W/B, the
 //   people's latent heat) is named in `notes` with its zone.
 // `runType` 4 leaves every zone floating; 1 heats but does not cool.
 ProjectRunInputs TranslateProject(const ProjectModel& model, int runType,

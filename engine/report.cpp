@@ -3,32 +3,20 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 
 #include "core/line_writer.h"
 #include "core/numeric_helpers.h"
+#include "engine/report_costs.h"
+#include "engine/report_format.h"
 
 namespace solvane::engine {
 namespace {
 
-constexpr const char* kMonthName[12] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
-                                        "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
 constexpr double kWhToMBtu = 3.412141e-6;  // Wh -> MBtu
 constexpr double kWhToGJ = 3.6e-6;
 constexpr double kWToKBtuh = 3.412141e-3;
 constexpr double kM2ToFt2 = 10.76391;
-
-// A number right-aligned in `width` columns with `decimals` decimals.
-std::string Fixed(double v, int width, int decimals) {
-    char buf[64];
-    std::snprintf(buf, sizeof buf, "%.*f", decimals, v);
-    std::string s(buf);
-    if (s == "-0" || s.rfind("-0.", 0) == 0) {
-        bool zero = true;
-        for (char ch : s) zero &= (ch == '-' || ch == '0' || ch == '.');
-        if (zero) s.erase(0, 1);
-    }
-    return FormatField(s, std::string(static_cast<std::size_t>(width), '@'));
-}
 
 std::string HourText(int hourOfYear) {
     if (hourOfYear < 0) return "NONE";
@@ -38,6 +26,22 @@ std::string HourText(int hourOfYear) {
     std::snprintf(buf, sizeof buf, "%s %2d %02d:00", kMonthName[m], day - kMonthStartDay[m] + 1,
                   hour);
     return buf;
+}
+
+// The peak totals of the line under the component table, columns 30-44:
+// the charts of peak heating and of peak cooling both take their total
+// from there, so it carries both, "H" the heating and "C" the cooling
+// peak, each chart showing its own beside the other. Blanks, then
+// decimals give way to the width.
+std::string BothPeaks(double heat, double cool) {
+    char buf[64] = "";
+    for (int d = 2; d >= 0; --d) {
+        std::snprintf(buf, sizeof buf, "H %.*f C %.*f", d, heat, d, cool);
+        if (std::strlen(buf) <= 15) break;
+        std::snprintf(buf, sizeof buf, "H%.*f C%.*f", d, heat, d, cool);
+        if (std::strlen(buf) <= 15) break;
+    }
+    return FormatField(buf, "@@@@@@@@@@@@@@@");
 }
 
 double Temp(double c, bool si) {
@@ -285,7 +289,8 @@ std::string MonitorText(const ReportContext& c, int zoneCount,
 }
 
 std::string SimOutText(const Building& b, const RunResults& r, const SystemsResults& sys,
-                       const std::vector<ZoneSystem>& systems, const ReportContext& c) {
+                       const std::vector<ZoneSystem>& systems, const ReportContext& c,
+                       const CostResults* costs) {
     LineWriter out;
     const bool si = c.si;
     const double eUnit = si ? kWhToGJ : kWhToMBtu;  // annual energy
@@ -328,13 +333,17 @@ std::string SimOutText(const Building& b, const RunResults& r, const SystemsResu
         "    HEATING: FUEL AND ELECTRICITY OF THE HEATING PLANT; COOLING: ELECTRICITY OF THE "
         "COOLING PLANT (SECTION VI.)");
     out.Line();
-    out.Line("MONTHLY HEATING AND COOLING");
+    out.Text("MONTHLY HEATING AND COOLING");
+    if (costs) out.Column(63).Text("ELECTRIC DEMAND, WATER AND UTILITY COSTS AT FIRST-YEAR PRICES");
+    out.EndLine();
     out.Text("   ").Column(4).Text(FormatField(eName, "@@@@@@@@"));
     out.Column(13).Text(FormatField(pName, "@@@@@@@@@"));
     out.Column(22).Text(FormatField(pName, "@@@@@@@@@"));
     out.Column(31).Text(FormatField("KWH", "@@@@@@@@@"));
     out.Column(41).Text(FormatField(eName, "@@@@@@@@@@"));
-    out.Column(52).Text(FormatField(eName, "@@@@@@@@@@")).EndLine();
+    out.Column(52).Text(FormatField(eName, "@@@@@@@@@@"));
+    if (costs) CostColumnUnits(out, si);
+    out.EndLine();
     out.Text("MTH")
         .Column(4)
         .Text(" HEATING")
@@ -347,9 +356,11 @@ std::string SimOutText(const Building& b, const RunResults& r, const SystemsResu
         .Column(41)
         .Text(" HTG. LOAD")
         .Column(52)
-        .Text(" CLG. LOAD")
-        .EndLine();
-    out.Line(std::string(61, '-'));
+        .Text(" CLG. LOAD");
+    if (costs) CostColumnNames(out);
+    out.EndLine();
+    const std::size_t ruleWidth = costs ? 122 : 61;
+    out.Line(std::string(ruleWidth, '-'));
     out.Line();
     int firstMonth = MonthOfDay(std::clamp(c.control.beginDay, 1, 365) - 1);
     int lastMonth = MonthOfDay(std::clamp(c.control.endDay, 1, 365) - 1);
@@ -360,14 +371,23 @@ std::string SimOutText(const Building& b, const RunResults& r, const SystemsResu
         out.Column(22).Text(Fixed(peakC[m] * pUnit, 9, 2));
         out.Column(31).Text(Fixed(coolElec[m] / 1000.0, 9, 0));
         out.Column(41).Text(Fixed(heatLoad[m] * eUnit, 10, 3));
-        out.Column(52).Text(Fixed(coolLoad[m] * eUnit, 10, 3)).EndLine();
+        out.Column(52).Text(Fixed(coolLoad[m] * eUnit, 10, 3));
+        if (costs) CostColumns(out, costs->month[m], si);
+        out.EndLine();
         totH += heatEnergy[m], totC += coolElec[m], totHL += heatLoad[m], totCL += coolLoad[m];
     }
-    out.Line(std::string(61, '='));
+    out.Line(std::string(ruleWidth, '='));
     out.Text("TOT").Column(4).Text(Fixed(totH * eUnit, 8, 3));
     out.Column(31).Text(Fixed(totC / 1000.0, 9, 0));
     out.Column(41).Text(Fixed(totHL * eUnit, 10, 3));
-    out.Column(52).Text(Fixed(totCL * eUnit, 10, 3)).EndLine();
+    out.Column(52).Text(Fixed(totCL * eUnit, 10, 3));
+    if (costs) {
+        CostTotalsOnEnergyLine(out, costs->Period(), si);
+        out.EndLine();
+        CostTotalsLine(out, costs->Period());
+    } else {
+        out.EndLine();
+    }
     out.Line();
     // Site energy by category: heating (fuel and electricity), cooling
     // with its pumps, lights, receptacles, fans, service hot water.
@@ -500,10 +520,12 @@ std::string SimOutText(const Building& b, const RunResults& r, const SystemsResu
     out.Line();
     out.Line("    PEAK HEATING AT " + HourText(peakHeatHour) + ", PEAK COOLING AT " +
              HourText(peakCoolHour) + " (HOUR ENDING, STANDARD TIME)");
-    out.Line("    HEATING COLUMNS COUNT LOSSES POSITIVE, COOLING COLUMNS GAINS POSITIVE");
+    out.Line(
+        "    HEATING COLUMNS COUNT LOSSES POSITIVE, COOLING COLUMNS GAINS POSITIVE; PEAK TOTALS "
+        "BELOW: H HEATING, C COOLING");
     out.Line();
     out.Line(std::string(130, '-'));
-    out.Text("TOTAL LOADS").Column(30).Text(Fixed(peakHeat * pUnit, 8, 2));
+    out.Text("TOTAL LOADS").Column(30).Text(BothPeaks(peakHeat * pUnit, peakCool * pUnit));
     out.Column(46).Text(HourText(peakHeatHour));
     out.Column(100).Text(Fixed(annH * eUnit, 8, 3));
     out.Column(117).Text(Fixed(annC * eUnit, 8, 3)).EndLine();
@@ -576,6 +598,7 @@ std::string SimOutText(const Building& b, const RunResults& r, const SystemsResu
     }
     out.Line();
     SystemsSection(out, b, r, sys, systems, c, firstMonth, lastMonth);
+    if (costs) CostSection(out, *costs, c);
     return out.Str();
 }
 
