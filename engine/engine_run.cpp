@@ -156,7 +156,6 @@ int RunEngine(const fs::path& here, const EngineRunOptions& options) {
         };
         opt.onDay(0, std::max(1, opt.endDay - opt.beginDay + 1));
         const RunResults res = Simulate(in.building, weather, opt);
-        opt.onDay = nullptr;  // the design days below are no days of the period
 
         // The plant is sized on the design days of the project's design
         // temperatures when it has them.
