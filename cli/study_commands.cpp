@@ -232,7 +232,7 @@ int RunBaselineCommand(const Options& options, const std::string& executable, st
     if (!OpenHeadless(options, executable, p, err)) return 2;
     // Both buildings see the same weather.
     RunRequest request = RequestFromOptions(options, seed);
-    if (!request.repeatWeather && request.seed < 0) request.seed = EnsembleSeeds(1).front();
+    if (request.seed < 0) request.repeatWeather = true;
     Session baseline = p.session;
     if (!MakeBaseline(baseline, p.prompt)) {
         PrintPrompts(p.prompt, p.startupPrompts, err);

@@ -10,19 +10,19 @@
 #include <thread>
 
 #include "core/numeric_helpers.h"
+#include "projectfile/file_dialogs.h"
 #include "run/run_folder.h"
 #include "ui/scripted_prompt.h"
 
 namespace solvane {
 
 std::vector<double> EnsembleSeeds(int count) {
-    constexpr double kFixedSequence = 0.83766422;
     constexpr double kGoldenStep = 0.6180339887498949;
     std::vector<double> seeds;
     for (int i = 0; i < count; ++i) {
-        const double s = std::fmod(kFixedSequence + i * kGoldenStep, 1.0);
-        // Eight decimals, as the seed is written for the engine.
-        seeds.push_back(std::floor(s * 1e8) / 1e8);
+        const double s = std::fmod(kFixedWeatherSeed + i * kGoldenStep, 1.0);
+        // As the seed is written for the engine: seven figures.
+        seeds.push_back(i == 0 ? kFixedWeatherSeed : NumVal(WeatherSeedText(s)));
     }
     return seeds;
 }
@@ -100,7 +100,7 @@ EnsembleResult RunEnsemble(const Session& opened, const RunRequest& request,
             ScriptedPrompt prompt;
             RunRequest r = request;
             r.seed = seeds[i];
-            r.repeatWeather = false;
+            r.repeatWeather = seeds[i] == kFixedWeatherSeed;
             const RunOutcome outcome = RunHeadless(session, prompt, r);
             if (outcome.status != 0) {
                 errors[i] = outcome.error;

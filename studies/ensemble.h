@@ -14,6 +14,8 @@
 namespace solvane {
 
 inline constexpr int kDefaultEnsembleSize = 20;
+// The seed of "Repeat previously run weather sequence".
+inline constexpr double kFixedWeatherSeed = 0.83766422;
 
 // The seeds of an ensemble of `count` runs: the first is the fixed sequence
 // of "Repeat previously run weather sequence", the others follow it by the

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <mutex>
 #include <random>
 
 #include "run/run_folder.h"
@@ -33,15 +34,16 @@ TEST(EnsembleSeeds, AreFixedDistinctAndExtendASmallerEnsemble) {
     }
 }
 
-RunMetrics Run(std::initializer_list<std::pair<const char*, std::optional<double>>> values) {
+RunMetrics Metrics(std::initializer_list<std::pair<const char*, std::optional<double>>> values) {
     RunMetrics r;
     for (const auto& [key, v] : values) r.metrics.push_back(Metric{key, "u", false, v});
     return r;
 }
 
 TEST(SummarizeRuns, CountsOnlyTheRunsThatGaveAFigure) {
-    const auto bands = SummarizeRuns({Run({{"a", 1}, {"b", std::nullopt}}),
-                                      Run({{"a", 3}, {"b", std::nullopt}}), Run({{"a", 2}})});
+    const auto bands =
+        SummarizeRuns({Metrics({{"a", 1}, {"b", std::nullopt}}),
+                       Metrics({{"a", 3}, {"b", std::nullopt}}), Metrics({{"a", 2}})});
     ASSERT_EQ(bands.size(), 2u);
     EXPECT_EQ(bands[0].key, "a");
     EXPECT_EQ(bands[0].count, 3);

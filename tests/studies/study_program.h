@@ -2,7 +2,9 @@
 // sample project opened in it.
 #pragma once
 
+#include "run/headless_run.h"
 #include "sample_program.h"
+#include "studies/run_metrics.h"
 
 namespace solvane::test {
 
