@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <memory>
+#include <thread>
 
 #include "code/project_info.h"
 #include "core/exit_warning.h"
@@ -120,6 +121,9 @@ class AppShell : public QObject {
     std::unique_ptr<RunOptionsScreen> runOptions_;
     std::unique_ptr<RunSimScreen> runSim_;
     std::unique_ptr<ResultChartScreen> results_;
+    // The weather ensemble run after a run, in the background.
+    void StartEnsemble();
+    std::thread ensemble_;
     bool ended_ = false;
     std::string lastFolder_;
 };

@@ -3,6 +3,7 @@
 // and asks about saving when the user leaves unsaved results.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/session.h"
@@ -18,7 +19,11 @@ class ResultViewController {
     ResultViewController(Session& session, Prompt& prompt);
 
     ScreenFields fields;
+    // A weather ensemble's bands for the results on show, drawn behind the
+    // bars; none for a single run.
+    std::optional<ChartBands> bands;
     ChartKind kind() const { return kind_; }
+    int view() const { return view_; }
 
     // Draws a chart from temp\ecalc$.out. False, with the user told and the
     // screen left empty, when the file lacks what the chart needs.
@@ -36,6 +41,7 @@ class ResultViewController {
 
   private:
     bool Draw(Canvas& canvas);
+    const ChartBands* Bands() const { return bands ? &*bands : nullptr; }
 
     Session& session_;
     Prompt& prompt_;

@@ -62,6 +62,32 @@ const MetricBand* FindBand(const std::vector<MetricBand>& bands, std::string_vie
     return nullptr;
 }
 
+ChartBands ChartBandsOf(const EnsembleResult& e) {
+    ChartBands out;
+    out.runs = static_cast<int>(e.runs.size());
+    auto band = [&](const std::string& key) -> ChartBand {
+        const MetricBand* b = FindBand(e.bands, key);
+        if (!b || b->count == 0) return std::nullopt;
+        return std::pair{b->p10, b->p90};
+    };
+    if (!e.runs.empty()) {
+        // The categories in the order the report heads them.
+        int i = 0;
+        for (const Metric& m : e.runs.front().metrics)
+            if (m.key.rfind("endUse.", 0) == 0 && ++i <= 6)
+                out.source[static_cast<std::size_t>(i)] = band(m.key);
+    }
+    for (std::size_t m = 0; m < 12; ++m) {
+        out.heating[m] = band("monthly.heating." + std::to_string(m + 1));
+        out.cooling[m] = band("monthly.cooling." + std::to_string(m + 1));
+    }
+    for (std::size_t c = 0; c < 9; ++c) {
+        out.peakHeating[c] = band("peakHeating." + std::to_string(c + 1));
+        out.peakCooling[c] = band("peakCooling." + std::to_string(c + 1));
+    }
+    return out;
+}
+
 int AvailableCores() {
     return std::max(1u, std::thread::hardware_concurrency());
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/session.h"
+#include "results/result_charts.h"
 #include "run/headless_run.h"
 #include "studies/run_metrics.h"
 
@@ -45,6 +46,9 @@ struct EnsembleResult {
     std::vector<MetricBand> bands;
     double seconds = 0;  // wall-clock time of the whole ensemble
 };
+
+// The bands the result charts draw behind their bars and points.
+ChartBands ChartBandsOf(const EnsembleResult& ensemble);
 
 // Runs the opened project once for each seed, `jobs` runs at a time, each in
 // its own program folder made from the session's. `progress` is called after

@@ -72,8 +72,12 @@ std::string JsonText(const std::string& s) {
     return out + "\"";
 }
 
+// A figure as a JSON number: the file's ".5" and "-.25" forms are not JSON.
 std::string JsonNumber(const std::string& s) {
-    return IsNumericText(s) && !s.empty() ? s : "null";
+    if (s.empty() || !IsNumericText(s)) return "null";
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "%.10g", NumVal(s));
+    return buf;
 }
 
 }  // namespace

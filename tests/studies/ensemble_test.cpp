@@ -8,6 +8,7 @@
 
 #include "run/run_folder.h"
 #include "study_program.h"
+#include "ui/raster_canvas.h"
 
 namespace solvane {
 namespace {
@@ -149,6 +150,62 @@ TEST(RunEnsemble, SameSeedsGiveTheSameBandsAndTheBandHoldsTheSingleRun) {
     for (const char* key : {"sourceEUI", "peakHeating", "peakCooling", "unmetCoolingHours",
                             "unmetHeatingHours", "monthly.heating.1", "peakCooling.1"})
         EXPECT_GT(FindBand(two.bands, key)->count, 0) << key;
+}
+
+}  // namespace
+}  // namespace solvane
+
+namespace solvane {
+namespace {
+
+// The pixel of a chart point given in twips, on a canvas of 960 by 720.
+Color At(const RasterCanvas& c, double xTwips, double yTwips) {
+    return c.ColorAt(static_cast<int>(xTwips / 10), static_cast<int>(yTwips / 10));
+}
+
+TEST(ChartBands, TheSourceChartDrawsTheBandBesideAndOverEachBar) {
+    EnergySummary e;
+    e.scale = 100;
+    for (int i = 1; i <= 6; ++i) e.EnergyBreakdown[i] = 40, e.CategoryName[i] = "C";
+    ChartBands bands;
+    bands.runs = 20;
+    bands.source[2] = std::pair{30.0, 60.0};
+    ScreenFields f;
+    RasterCanvas plain(960, 720), banded(960, 720);
+    DrawSourceChart(e, ChartHead{}, f, plain);
+    DrawSourceChart(e, ChartHead{}, f, banded, &bands);
+    // Category 2's bar spans 3000..3500 twips; its band 30..60 of a scale of
+    // 100 lies between 5000 - 1050 and 5000 - 2100 twips high.
+    const double midBand = 5000 - 45 * 35.0, aboveBar = 5000 - 55 * 35.0;
+    EXPECT_EQ(At(banded, 2950, midBand), kBandFill);
+    EXPECT_EQ(At(plain, 2950, midBand), 0xFFFFFFu);
+    // Above the bar the band shows across its width; the other bars have none.
+    EXPECT_EQ(At(banded, 3100, aboveBar), kBandFill);
+    EXPECT_EQ(At(banded, 1950, midBand), 0xFFFFFFu);
+    // The whisker runs up the bar's middle.
+    EXPECT_EQ(At(banded, 3250, aboveBar), kBandWhisker);
+}
+
+TEST(ChartBands, ComeFromTheEnsemblesPercentiles) {
+    EnsembleResult e;
+    for (double v : {10.0, 20.0, 30.0, 40.0, 50.0}) {
+        RunMetrics r;
+        r.metrics = {Metric{"endUse.HEATING", "MBtu", false, v},
+                     Metric{"endUse.COOLING", "MBtu", false, 2 * v},
+                     Metric{"monthly.cooling.7", "kWh", true, 100 * v},
+                     Metric{"peakHeating.3", "kBtuh", true, std::nullopt}};
+        e.runs.push_back(r);
+    }
+    e.bands = SummarizeRuns(e.runs);
+    const ChartBands b = ChartBandsOf(e);
+    EXPECT_EQ(b.runs, 5);
+    ASSERT_TRUE(b.source[1]);
+    EXPECT_DOUBLE_EQ(b.source[1]->first, 14);
+    EXPECT_DOUBLE_EQ(b.source[1]->second, 46);
+    EXPECT_DOUBLE_EQ(b.source[2]->second, 92);
+    EXPECT_FALSE(b.source[3]);
+    EXPECT_DOUBLE_EQ(b.cooling[6]->first, 1400);
+    EXPECT_FALSE(b.peakHeating[2]);
 }
 
 }  // namespace

@@ -49,6 +49,20 @@ TEST(SweepCsv, QuotesWhatNeedsItAndReadsItBack) {
     EXPECT_NE(ReadTextFile(t.dir / "a.csv")->find("\r\n2,3,"), std::string::npos);
 }
 
+TEST(SweepJson, WritesTheFiguresAsJsonNumbersAndBlanksAsNull) {
+    TempDir t;
+    SweepRow r = Row(2, 3, "Abee AgDM", 0);
+    r.figures[0] = ".5", r.figures[1] = "-.25", r.figures[2] = "";
+    r.winterDryBulb = "-37";
+    WriteSweepJson(t.dir / "a.json", {r});
+    const std::string json = *ReadTextFile(t.dir / "a.json");
+    EXPECT_NE(json.find("\"siteEUI\": 0.5, \"sourceEUI\": -0.25, \"endUse.HEATING\": null"),
+              std::string::npos)
+        << json;
+    EXPECT_NE(json.find("\"winterDryBulb\": -37}"), std::string::npos);
+    EXPECT_EQ(json.find(": ."), std::string::npos);
+}
+
 TEST(SweepCsv, WritesInStationOrderWithTheLastRowOfAStation) {
     TempDir t;
     WriteSweepCsv(t.dir / "a.csv",
