@@ -53,6 +53,7 @@ void AppShell::StartEnsemble() {
     request.periodEnd = run.RunDates[1];
     request.defaultYear = static_cast<int>(NumVal(run.WeatherYear));
     request.passive = session_.model.flags.RunResultCode == 4;
+    request.engineThreads = 1;  // the runs share the cores
     ensemble_ = std::thread([this, project = session_, request] {
         const EnsembleResult e =
             RunEnsemble(project, request, EnsembleSeeds(kDefaultEnsembleSize), AvailableCores());

@@ -33,6 +33,7 @@ struct Options {
     int stationFirst = 0, stationLast = 0;  // --stations A-B: a range of the sweep's list
     int jobList = 0;                        // --job-list K: write K jobs instead of sweeping
     bool baseline = false;                  // --baseline: the code baseline run beside the design
+    int threads = 0;                        // --threads N: the engine's threads (0: every core)
 };
 
 // Parses the arguments; on a mistake returns false with the reason in `error`.
@@ -76,8 +77,9 @@ struct HeadlessProject {
 };
 // Starts the program on its folder and opens the project named first among
 // the arguments; false after telling why.
+// The climate database is read only when `readClimateIndex` (a sweep).
 bool OpenHeadless(const Options& options, const std::string& executable, HeadlessProject& p,
-                  std::ostream& err);
+                  std::ostream& err, bool readClimateIndex = false);
 // --seed as a number; false after telling why.
 bool ParseSeed(const Options& options, double& seed, std::ostream& err);
 RunRequest RequestFromOptions(const Options& options, double seed);

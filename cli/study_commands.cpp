@@ -42,6 +42,14 @@ int Jobs(const Options& options) {
     return options.jobs > 0 ? options.jobs : AvailableCores();
 }
 
+// Runs side by side share the cores: each engine steps its zones on one
+// thread unless --threads says otherwise.
+RunRequest ParallelRequest(const Options& options, double seed) {
+    RunRequest r = RequestFromOptions(options, seed);
+    if (options.threads == 0) r.engineThreads = 1;
+    return r;
+}
+
 void PrintEnsembleText(const EnsembleResult& e, const HeadlessProject& p, int jobs,
                        std::ostream& out) {
     const ProjectModel& m = p.session.model;
@@ -186,7 +194,7 @@ int RunEnsembleCommand(const Options& options, const std::string& executable, st
     const int jobs = Jobs(options);
     const bool tty = ::isatty(STDERR_FILENO);
     const EnsembleResult e = RunEnsemble(
-        p.session, RequestFromOptions(options, -1), EnsembleSeeds(options.ensemble), jobs,
+        p.session, ParallelRequest(options, -1), EnsembleSeeds(options.ensemble), jobs,
         [&](int done, int total) {
             if (tty) err << "\rEnsemble: " << done << " of " << total << " runs" << std::flush;
         });
@@ -231,7 +239,7 @@ int RunBaselineCommand(const Options& options, const std::string& executable, st
     HeadlessProject p;
     if (!OpenHeadless(options, executable, p, err)) return 2;
     // Both buildings see the same weather.
-    RunRequest request = RequestFromOptions(options, seed);
+    RunRequest request = ParallelRequest(options, seed);
     if (request.seed < 0) request.repeatWeather = true;
     Session baseline = p.session;
     if (!MakeBaseline(baseline, p.prompt)) {
@@ -320,7 +328,7 @@ int RunSweepCommand(const Options& options, const std::string& executable, std::
     double seed = -1;
     if (!ParseSeed(options, seed, err)) return 2;
     HeadlessProject p;
-    if (!OpenHeadless(options, executable, p, err)) return 2;
+    if (!OpenHeadless(options, executable, p, err, true)) return 2;
     std::vector<Station> stations = ListStations(p.session.paths, options.region);
     if (options.stationFirst > 0) {
         if (options.stationFirst > static_cast<int>(stations.size())) {
@@ -337,7 +345,7 @@ int RunSweepCommand(const Options& options, const std::string& executable, std::
         return WriteJobList(options, p, executable, static_cast<int>(stations.size()), out, err);
 
     SweepOptions s;
-    s.request = RequestFromOptions(options, seed);
+    s.request = ParallelRequest(options, seed);
     // One weather sequence for every station unless a seed is given, so that
     // stations differ by their climate alone and a rerun gives the same rows.
     s.request.repeatWeather = seed < 0;

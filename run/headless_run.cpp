@@ -30,6 +30,7 @@ RunOutcome RunHeadless(Session& session, Prompt& prompt, const RunRequest& reque
         return std::string(buf);
     };
     services.timeLimitSeconds = request.timeLimitSeconds;
+    services.engineThreads = request.engineThreads;
     RunSimController run(session, prompt, services);
     run.OpenRun();
     ScreenFields& f = run.fields();

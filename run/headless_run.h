@@ -20,6 +20,7 @@ struct RunRequest {
     std::string periodBegin, periodEnd;  // blank: the screen's own dates
     int defaultYear = 2020;              // the weather year when the project names none
     double timeLimitSeconds = 3600;
+    int engineThreads = 0;  // the engine's threads (0: its default, every core)
 };
 
 struct RunOutcome {
