@@ -173,7 +173,7 @@ int RunEngine(const fs::path& here, const EngineRunOptions& options) {
             MonthOfDay(std::clamp(ctx.control.endDay, 1, 365) - 1), wholeYear);
         Write(here / "sim$.out", SimOutText(in.building, res, sys, in.systems, ctx, &costs));
         Write(here / "ecalc$.wth", WeatherSummaryText(weather, ctx));
-        Write(here / "ecalc$.flt", ComfortText(in.building, res, ctx));
+        Write(here / "ecalc$.flt", ComfortText(in.building, res, ctx, &sys));
         if (ctx.control.hourlyOutput) {
             Write(here / "ecalc$.hry", HourlyEnergyText(res, ctx));
             Write(here / "etemp$.hry", HourlyTemperatureText(res, ctx));

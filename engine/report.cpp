@@ -702,7 +702,8 @@ std::string WeatherSummaryText(const WeatherYear& w, const ReportContext& c) {
     return out.Str();
 }
 
-std::string ComfortText(const Building& b, const RunResults& r, const ReportContext& c) {
+std::string ComfortText(const Building& b, const RunResults& r, const ReportContext& c,
+                        const SystemsResults* sys) {
     LineWriter out;
     const bool si = c.si;
     const char* t = si ? "C" : "F";
@@ -731,9 +732,11 @@ std::string ComfortText(const Building& b, const RunResults& r, const ReportCont
             .Column(70)
             .Text(std::string("MIN TEMP ") + t)
             .Column(84)
-            .Text(std::string("MEAN TEMP ") + t)
-            .EndLine();
-        out.Line("    " + std::string(90, '-'));
+            .Text(std::string("MEAN TEMP ") + t);
+        const ZoneSystemResults* hum = sys && z < sys->zones.size() ? &sys->zones[z] : nullptr;
+        if (hum) out.Column(98).Text("MEAN RH %");
+        out.EndLine();
+        out.Line("    " + std::string(hum ? 104 : 90, '-'));
         for (int m = 0; m < 12; ++m) {
             const int hours =
                 zr.monthlyHoursBelow[m] + zr.monthlyHoursWithin[m] + zr.monthlyHoursAbove[m];
@@ -747,9 +750,12 @@ std::string ComfortText(const Building& b, const RunResults& r, const ReportCont
                 .Text(Fixed(zr.monthlyHoursAbove[m], 11, 0));
             out.Column(56).Text(Fixed(Temp(zr.monthlyMaxTemperature[m], si), 10, 1));
             out.Column(70).Text(Fixed(Temp(zr.monthlyMinTemperature[m], si), 10, 1));
-            out.Column(84).Text(Fixed(Temp(zr.monthlyMeanTemperature[m], si), 11, 1)).EndLine();
+            out.Column(84).Text(Fixed(Temp(zr.monthlyMeanTemperature[m], si), 11, 1));
+            if (hum && hum->hours[m] > 0)
+                out.Column(98).Text(Fixed(hum->rhSum[m] / hum->hours[m], 9, 1));
+            out.EndLine();
         }
-        out.Line("    " + std::string(90, '-'));
+        out.Line("    " + std::string(hum ? 104 : 90, '-'));
         out.Text("    YEAR")
             .Column(14)
             .Text(Fixed(zr.hoursBelow, 11, 0))
@@ -761,7 +767,14 @@ std::string ComfortText(const Building& b, const RunResults& r, const ReportCont
             .Text(Fixed(Temp(zr.maxTemperature, si), 10, 1))
             .Column(70)
             .Text(Fixed(Temp(zr.minTemperature, si), 10, 1));
-        out.Column(84).Text(Fixed(Temp(zr.meanTemperature, si), 11, 1)).EndLine();
+        out.Column(84).Text(Fixed(Temp(zr.meanTemperature, si), 11, 1));
+        if (hum) {
+            double rh = 0;
+            int hours = 0;
+            for (int m = 0; m < 12; ++m) rh += hum->rhSum[m], hours += hum->hours[m];
+            if (hours > 0) out.Column(98).Text(Fixed(rh / hours, 9, 1));
+        }
+        out.EndLine();
         out.Line("    HOTTEST HOUR " + HourText(zr.maxTemperatureHour) + "   COLDEST HOUR " +
                  HourText(zr.minTemperatureHour));
         out.Line();

@@ -45,7 +45,10 @@ std::string SimOutText(const Building& b, const RunResults& r, const SystemsResu
                        const std::vector<ZoneSystem>& systems, const ReportContext& c,
                        const CostResults* costs = nullptr);
 std::string WeatherSummaryText(const WeatherYear& w, const ReportContext& c);
-std::string ComfortText(const Building& b, const RunResults& r, const ReportContext& c);
+// With `sys`, each month's and the year's mean relative humidity of the
+// zone's air stands beside its temperatures (column 98).
+std::string ComfortText(const Building& b, const RunResults& r, const ReportContext& c,
+                        const SystemsResults* sys = nullptr);
 // Hourly files as comma-separated tables: loads, zone temperatures, weather.
 std::string HourlyEnergyText(const RunResults& r, const ReportContext& c);
 std::string HourlyTemperatureText(const RunResults& r, const ReportContext& c);

@@ -1,6 +1,7 @@
 #include "results/eui_screen.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "core/item_reader.h"
 #include "core/numeric_helpers.h"
@@ -67,7 +68,12 @@ void DrawEuiPicture(Canvas& c, const EuiPicture& p) {
 
     const int left = 170, right = w - 20, rowTop = 52;
     const int rowHeight = std::max(20, (h - rowTop - 50) / 4);
-    const auto x = [&](double v) { return left + static_cast<int>((right - left) * v / top); };
+    // A bar ends at most a picture's width from the axis, however far off
+    // its figure (a negative survey figure) lies.
+    const auto x = [&](double v) {
+        const double span = right - left, along = span * v / top;
+        return left + static_cast<int>(std::isnan(along) ? 0.0 : std::clamp(along, -span, span));
+    };
     for (std::size_t i = 0; i < bars.size(); ++i) {
         const int y = rowTop + static_cast<int>(i) * rowHeight;
         c.Text(10, y + rowHeight / 4, bars[i].label, 9, kBlack);

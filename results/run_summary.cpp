@@ -38,7 +38,12 @@ ReportRead<LifeCycleTotal> ReadLifeCycleTotal(std::string_view report) {
     }
     LifeCycleTotal t;
     const std::string h(head.substr(kHead.size()));
-    t.years = static_cast<int>(NumVal(h));
+    const double years = NumVal(h);
+    if (!(years >= 0 && years <= 1000)) {
+        r.error = "The life-cycle cost of the results file gives no period in years.";
+        return r;
+    }
+    t.years = static_cast<int>(years);
     const auto rate = h.find("RATE OF ");
     if (rate != std::string::npos) t.discountRate = NumVal(h.substr(rate + 8));
     t.presentWorth = NumVal(std::string(total.substr(2 + 59, 14)));

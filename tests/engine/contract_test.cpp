@@ -281,6 +281,10 @@ TEST(EngineContract, SiProjectReportsInSi) {
     // With heating and cooling the zone stays within 20..27 C (reported in C).
     EXPECT_GE(Field(flt[year], 70, 10), 19.9);
     EXPECT_LE(Field(flt[year], 56, 10), 27.1);
+    // Beside the temperatures, the year's mean relative humidity of the room.
+    const double rh = Field(flt[year], 98, 9);
+    EXPECT_GT(rh, 5.0);
+    EXPECT_LT(rh, 80.0);
 }
 
 // Bad input ends the run with status 1 and the reason, naming the file and

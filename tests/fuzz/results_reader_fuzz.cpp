@@ -2,7 +2,8 @@
 // (temp\ecalc$.out). Every reader of it runs -- the command line's run
 // summary (energy summary, the four load views, the costs) and the monthly
 // energy -- and what each gives is drawn as its chart screen draws it, and
-// the benchmark text is made from the EUIs. A read either gives a table or
+// the benchmark text is made from the EUIs; the life-cycle cost is read with
+// the summary. A read either gives a table or
 // says why not; a chart's scale is a positive figure that covers what it
 // plots, and no drawing call lands further than a chart's size off its canvas.
 #include <cmath>
@@ -14,33 +15,12 @@
 #include "results/result_charts.h"
 #include "results/results_reader.h"
 #include "results/run_summary.h"
+#include "tests/fuzz/bounds_canvas.h"
 
 namespace {
 
 using namespace solvane;
-
-// A canvas that draws nothing and traps on a point far off it.
-class BoundsCanvas : public Canvas {
-  public:
-    int Width() const override { return 480; }
-    int Height() const override { return 360; }
-    void Clear(Color) override {}
-    void FillBox(int x1, int y1, int x2, int y2, Color) override { Near(x1, y1), Near(x2, y2); }
-    void Box(int x1, int y1, int x2, int y2, Color) override { Near(x1, y1), Near(x2, y2); }
-    void Line(int x1, int y1, int x2, int y2, Color) override { Near(x1, y1), Near(x2, y2); }
-    void SetPoint(int x, int y, Color) override { Near(x, y); }
-    void Text(int x, int y, const std::string&, int, Color) override { Near(x, y); }
-    void Circle(int cx, int cy, int, Color) override { Near(cx, cy); }
-    void Polygon(const std::array<Point, 4>& corners, Color) override {
-        for (const Point& p : corners) Near(p.x, p.y);
-    }
-    Color ColorAt(int, int) const override { return 0xFFFFFF; }
-
-  private:
-    void Near(int x, int y) const {
-        if (std::abs(x) > 4 * Width() || std::abs(y) > 4 * Height()) __builtin_trap();
-    }
-};
+using fuzz::BoundsCanvas;
 
 template <typename T>
 void CheckTable(const T& t) {

@@ -91,5 +91,20 @@ TEST(EuiPicture, BarsAreDrawnToScale) {
     EXPECT_EQ(c.ColorAt(300, row(1)), 0xFFFFFFu);
 }
 
+TEST(EuiPicture, AFigureFarBelowZeroStaysAtTheAxis) {
+    // Quartiles in order but the lowest far below zero: its bar is the
+    // shortest one at the axis, the others to scale.
+    RasterCanvas c(600, 250);
+    EuiPicture p;
+    p.activity = "Bank/other financial";
+    p.survey = {-1e30f, 0, 60};
+    p.siteEUI = 100;
+    DrawEuiPicture(c, p);
+    const auto row = [](int i) { return 52 + 37 * i + 17; };
+    EXPECT_EQ(c.ColorAt(171, row(2)), 0u);  // its outline at the axis
+    EXPECT_EQ(c.ColorAt(175, row(2)), 0xFFFFFFu);
+    EXPECT_EQ(c.ColorAt(170 + 410 * 60 / 120 - 3, row(0)), 0xA0A0A0u);
+}
+
 }  // namespace
 }  // namespace solvane

@@ -318,6 +318,16 @@ TEST(RunSummaryRead, GathersWhatTheReportHoldsAndNamesWhatItLacks) {
     EXPECT_FALSE(s.table->lifeCycle);
     ASSERT_EQ(s.table->notAvailable.size(), 1u);
     EXPECT_NE(s.table->notAvailable[0].find("life-cycle"), std::string::npos);
+    // A period beyond any number of years is named, not taken.
+    std::string endless = full;
+    const auto over = endless.find("PRESENT WORTH OVER ") + 19;
+    endless.replace(over, endless.find(' ', over) - over, "1e99");
+    const auto e = ReadRunSummary(endless);
+    ASSERT_TRUE(e);
+    EXPECT_FALSE(e.table->lifeCycle);
+    EXPECT_EQ(e.table->notAvailable,
+              std::vector<std::string>{
+                  "The life-cycle cost of the results file gives no period in years."});
     // Without the energy summary there is no summary at all.
     const std::string& report = OfficeYear();
     EXPECT_FALSE(ReadRunSummary(report.substr(0, report.find("III."))));
@@ -365,7 +375,7 @@ TEST_F(ResultViewTest, ChartsAndBenchmarkFromARealReport) {
     ASSERT_TRUE(c.Show(ChartKind::Monthly, canvas));
     ASSERT_TRUE(c.ShowView(1, canvas));  // the utility costs of the monthly table
     EXPECT_EQ(c.fields.Text("Tottotal").substr(0, 16), "Total Costs = $ ");
-    EXPECT_FALSE(c.eui.Open());          // no building type chosen
+    EXPECT_FALSE(c.eui.Open());  // no building type chosen
     session_.model.session.BuildingType = 25;
     session_.model.btypes.BTypeName[25] = "Office";
     session_.model.btypes.BTypeEUILow[25] = 1000;
