@@ -24,7 +24,9 @@
 #include "app/weather.h"
 #include "app/zoneform.h"
 #include "cli/program_services.h"
+#include "core/numeric_helpers.h"
 #include "propertydb/envelope_defaults.h"
+#include "studies/ensemble.h"
 
 namespace solvane {
 
@@ -42,7 +44,32 @@ AppShell::AppShell(ProgramPaths paths, Prompt& prompt) : prompt_(prompt) {
     MakeScreens();
 }
 
-AppShell::~AppShell() = default;
+AppShell::~AppShell() {
+    if (ensemble_.joinable()) ensemble_.join();
+}
+
+void AppShell::StartEnsemble() {
+    if (ensemble_.joinable()) ensemble_.join();
+    const RunState& run = runSimController_->run();
+    RunRequest request;
+    request.periodBegin = run.RunDates[0];
+    request.periodEnd = run.RunDates[1];
+    request.defaultYear = static_cast<int>(NumVal(run.WeatherYear));
+    request.passive = session_.model.flags.RunResultCode == 4;
+    request.engineThreads = 1;  // the runs share the cores
+    ensemble_ = std::thread([this, project = session_, request] {
+        const EnsembleResult e =
+            RunEnsemble(project, request, EnsembleSeeds(kDefaultEnsembleSize), AvailableCores());
+        if (e.runs.empty()) return;
+        QMetaObject::invokeMethod(
+            this,
+            [this, bands = ChartBandsOf(e)] {
+                resultViewController_->bands = bands;
+                results_->Refresh();
+            },
+            Qt::QueuedConnection);
+    });
+}
 
 void AppShell::MakeControllers() {
     Session& s = session_;
@@ -122,7 +149,13 @@ void AppShell::MakeScreens() {
         [this](int runType) { Navigate(mainmenuController_->RunEnergy(runType)); }, hub);
     results_ = std::make_unique<ResultChartScreen>(*resultViewController_, navigate, hub);
     runSim_ = std::make_unique<RunSimScreen>(
-        *runSimController_, navigate, [this] { results_->Open(ChartKind::Source); }, hub);
+        *runSimController_, navigate,
+        [this] {
+            resultViewController_->bands.reset();
+            if (runSimController_->fields()["ensemble"].value) StartEnsemble();
+            results_->Open(ChartKind::Source);
+        },
+        hub);
     tabular_ = std::make_unique<TabularScreen>(*tabularController_, navigate, hub);
     saveOutForm_ = std::make_unique<SaveOutFormScreen>(*saveOutController_, navigate, folders, hub);
     selectView_ =

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <memory>
+#include <thread>
 
 #include "code/project_info.h"
 #include "core/exit_warning.h"
@@ -141,6 +142,9 @@ class AppShell : public QObject {
     std::unique_ptr<SaveOutFormScreen> saveOutForm_;
     std::unique_ptr<SelectViewScreen> selectView_;
     std::unique_ptr<HourlyScreen> hourly_;
+    // The weather ensemble run after a run, in the background.
+    void StartEnsemble();
+    std::thread ensemble_;
     bool ended_ = false;
     std::string lastFolder_;
 };

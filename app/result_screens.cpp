@@ -128,6 +128,10 @@ bool ResultChartScreen::Redraw(int view) {
     return ok;
 }
 
+void ResultChartScreen::Refresh() {
+    if (isVisible()) Redraw(controller_.view());
+}
+
 void ResultChartScreen::ShowFields() {
     setWindowTitle(QString::fromStdString(controller_.fields.caption));
     picture_->setPixmap(QPixmap::fromImage(image_));

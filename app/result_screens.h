@@ -31,6 +31,8 @@ class ResultChartScreen : public QDialog {
     bool Open(ChartKind kind, int view = 0);
     // Writes the chart on show to `file` (.png, .pdf).
     bool Export(const QString& file);
+    // Draws the chart on show again (new bands came in).
+    void Refresh();
 
   protected:
     void reject() override;

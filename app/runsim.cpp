@@ -103,7 +103,10 @@ RunSimScreen::RunSimScreen(RunSimController& controller,
     }
     for (const auto& [name, caption] :
          {std::pair{"weatherseq", "Repeat previously run weather sequence."},
-          std::pair{"hourlyoutput", "Produce Hourly Output File"}}) {
+          std::pair{"hourlyoutput", "Produce Hourly Output File"},
+          std::pair{"ensemble",
+                    "Weather ensemble: 20 more runs, their 10th to 90th percentile drawn "
+                    "behind the charts' bars"}}) {
         auto* check = new QCheckBox(caption);
         check->setObjectName(name);
         wl->addWidget(check);
@@ -155,7 +158,7 @@ void RunSimScreen::Open() {
 void RunSimScreen::ShowFields() {
     ScreenFields& f = controller_.fields();
     ApplyFields(this, f);
-    for (const char* name : {"weatherseq", "hourlyoutput"})
+    for (const char* name : {"weatherseq", "hourlyoutput", "ensemble"})
         if (auto* check = findChild<QCheckBox*>(name)) check->setChecked(f[name].value != 0);
     if (auto* bar = findChild<QProgressBar*>("ProgressBar1"))
         bar->setValue(f["ProgressBar1"].value);

@@ -11,7 +11,7 @@
 #include "core/startup.h"
 #include "core/text_file.h"
 #include "projectfile/file_dialogs.h"
-#include "run/run_sim.h"
+#include "run/headless_run.h"
 #include "ui/scripted_prompt.h"
 
 namespace solvane::cli {
@@ -29,12 +29,54 @@ bool ParseOptions(const std::vector<std::string>& args, Options& options, std::s
             options.repeatWeather = true;
         } else if (a == "--json") {
             options.json = true;
+        } else if (a == "--baseline") {
+            options.baseline = true;
         } else if (a == "--recorded" || a == "--seed") {
             if (i + 1 >= args.size()) {
                 error = a + " needs a value";
                 return false;
             }
             (a == "--seed" ? options.seed : options.recorded) = args[++i];
+        } else if (a == "--ensemble" || a == "--jobs" || a == "--region" || a == "--job-list") {
+            const std::string value = i + 1 < args.size() ? args[++i] : std::string();
+            const double n = NumVal(value);
+            const double most = a == "--region" ? kRegions : 100000;
+            if (value.empty() || value.find_first_not_of("0123456789") != std::string::npos ||
+                n < 1 || n > most) {
+                error = a + " needs a whole number from 1 to " + NumText(most);
+                return false;
+            }
+            const int v = static_cast<int>(n);
+            (a == "--ensemble" ? options.ensemble
+             : a == "--jobs"   ? options.jobs
+             : a == "--region" ? options.region
+                               : options.jobList) = v;
+        } else if (a == "--defaults" || a == "--out" || a == "--stations") {
+            if (i + 1 >= args.size()) {
+                error = a + " needs a value";
+                return false;
+            }
+            const std::string value = args[++i];
+            if (a == "--out") {
+                options.out = value;
+            } else if (a == "--defaults") {
+                if (value != "keep" && value != "code") {
+                    error = "--defaults takes keep or code";
+                    return false;
+                }
+                options.defaults = value;
+            } else {
+                const std::size_t dash = value.find('-');
+                options.stationFirst = static_cast<int>(NumVal(value.substr(0, dash)));
+                options.stationLast = dash == std::string::npos
+                                          ? options.stationFirst
+                                          : static_cast<int>(NumVal(value.substr(dash + 1)));
+                if (options.stationFirst < 1 || options.stationLast < options.stationFirst ||
+                    value.find_first_not_of("0123456789-") != std::string::npos) {
+                    error = "--stations takes a range of the list, e.g. --stations 1-500";
+                    return false;
+                }
+            }
         } else if (a == "--period") {
             if (i + 2 >= args.size()) {
                 error = "--period needs a first and a last day, e.g. --period 1-Jan 31-Dec";
@@ -93,6 +135,11 @@ void PrintHelp(std::ostream& out) {
            "                   screen shows (the climate count line and the code banner)\n"
            "  run PROJECT.inp  open a project, simulate it with the engine and print the\n"
            "                   run's summary: EUIs, energy by end use, loads, costs\n"
+           "  sweep PROJECT.inp --out FILE.csv|FILE.json\n"
+           "                   run the design at every station of the climate database\n"
+           "                   (docs/sweeps.md); a stopped sweep continues where it stopped\n"
+           "  merge PART.csv... --out FILE.csv|FILE.json\n"
+           "                   join the parts of a sweep that ran as several jobs\n"
            "\n"
            "Options:\n"
            "  --home DIR       the program folder (else SOLVANE_HOME, else beside the program)\n"
@@ -104,6 +151,19 @@ void PrintHelp(std::ostream& out) {
            "  --period A B     run: first and last day, e.g. --period 1-Jan 31-Dec\n"
            "  --recorded FILE  run: a recorded weather year (EPW) instead of simulated weather\n"
            "  --json           run: print the summary as JSON (docs/cli-run-json.md)\n"
+           "  --ensemble N     run: N runs on N weather seeds; the median and the 10th to\n"
+           "                   90th percentile of each figure (docs/ensembles.md)\n"
+           "  --baseline       run: also run the code baseline building and print both\n"
+           "                   with the percentage saved (docs/baseline.md)\n"
+           "  --jobs N         run --ensemble, sweep: runs at a time (default: every core)\n"
+           "  --region N       sweep: one region, 1 USA ... 8 Australia-SW-Pacific\n"
+           "  --defaults keep|code\n"
+           "                   sweep: keep the design's envelope, or take each climate\n"
+           "                   zone's code defaults (default keep)\n"
+           "  --stations A-B   sweep: only stations A to B of the list (1 = first)\n"
+           "  --job-list K     sweep: write K jobs for GNU parallel or a Slurm array into\n"
+           "                   the --out folder instead of sweeping\n"
+           "  --out PATH       sweep, merge: the results file (or the job folder)\n"
            "  --help           show this text\n"
            "  --version        show the version\n";
 }
@@ -138,12 +198,12 @@ bool StartHeadless(Session& session, Prompt& prompt, ClimateIndex& climate, cons
     return true;
 }
 
+}  // namespace
+
 void PrintPrompts(const ScriptedPrompt& prompt, std::size_t from, std::ostream& out) {
     for (std::size_t i = from; i < prompt.asked.size(); ++i)
         out << "[" << prompt.asked[i].title << "] " << prompt.asked[i].text << "\n";
 }
-
-}  // namespace
 
 int RunCheck(const Options& options, const std::string& executable, std::ostream& out,
              std::ostream& err) {
@@ -159,103 +219,103 @@ int RunCheck(const Options& options, const std::string& executable, std::ostream
     return 0;
 }
 
+RunRequest RequestFromOptions(const Options& options, double seed) {
+    RunRequest request;
+    request.passive = options.passive;
+    request.repeatWeather = options.repeatWeather;
+    request.seed = seed;
+    request.periodBegin = options.periodBegin;
+    request.periodEnd = options.periodEnd;
+    request.defaultYear = Today().year;
+    request.timeLimitSeconds = options.timeLimit;
+    request.engineThreads = options.threads;
+    return request;
+}
+
+bool ParseSeed(const Options& options, double& seed, std::ostream& err) {
+    seed = -1;
+    if (options.seed.empty()) return true;
+    seed = NumVal(options.seed);
+    if (seed < 0 || seed >= 1 ||
+        options.seed.find_first_not_of(" .0123456789") != std::string::npos) {
+        err << "solvane-cli: --seed needs a number from 0 up to but not including 1\n";
+        return false;
+    }
+    return true;
+}
+
+bool OpenHeadless(const Options& options, const std::string& executable, HeadlessProject& p,
+                  std::ostream& err, bool readClimateIndex) {
+    if (options.arguments.empty()) {
+        err << "solvane-cli: " << options.command << " needs a project file\n";
+        return false;
+    }
+    if (!StartHeadless(p.session, p.prompt, p.climate, options, executable, err, readClimateIndex))
+        return false;
+    p.startupPrompts = p.prompt.asked.size();
+    std::error_code ec;
+    p.file = std::filesystem::absolute(options.arguments[0], ec).string();
+    const Navigation opened = OpenProjectFromPath(p.session, p.prompt, MakeProjectFileHooks(),
+                                                  p.file, "Project Retrieved");
+    if (opened.show != Screen::MainMenu) {
+        PrintPrompts(p.prompt, p.startupPrompts, err);
+        err << "solvane-cli: " << p.file << " could not be opened\n";
+        return false;
+    }
+    return true;
+}
+
 int RunProject(const Options& options, const std::string& executable, std::ostream& out,
                std::ostream& err) {
-    if (options.arguments.empty()) {
-        err << "solvane-cli: run needs a project file\n";
+    if (options.ensemble > 0 && options.baseline) {
+        err << "solvane-cli: --ensemble and --baseline are run one at a time\n";
         return 2;
     }
+    if (options.ensemble > 0) return RunEnsembleCommand(options, executable, out, err);
+    if (options.baseline) return RunBaselineCommand(options, executable, out, err);
     double seed = -1;
-    if (!options.seed.empty()) {
-        seed = NumVal(options.seed);
-        if (seed < 0 || seed >= 1 ||
-            options.seed.find_first_not_of(" .0123456789") != std::string::npos) {
-            err << "solvane-cli: --seed needs a number from 0 up to but not including 1\n";
-            return 2;
-        }
-    }
-    Session session;
-    ScriptedPrompt prompt;
-    ClimateIndex climate;
-    if (!StartHeadless(session, prompt, climate, options, executable, err, false)) return 2;
-    const std::size_t startupPrompts = prompt.asked.size();
-
+    if (!ParseSeed(options, seed, err)) return 2;
+    HeadlessProject opened;
+    if (!OpenHeadless(options, executable, opened, err)) return 2;
+    Session& session = opened.session;
+    ScriptedPrompt& prompt = opened.prompt;
+    const std::size_t startupPrompts = opened.startupPrompts;
+    const std::string& project = opened.file;
     std::error_code ec;
-    const std::string project = std::filesystem::absolute(options.arguments[0], ec).string();
-    const Navigation opened =
-        OpenProjectFromPath(session, prompt, MakeProjectFileHooks(), project, "Project Retrieved");
-    if (opened.show != Screen::MainMenu) {
-        PrintPrompts(prompt, startupPrompts, err);
-        err << "solvane-cli: " << project << " could not be opened\n";
-        return 2;
-    }
-    ProjectModel& m = session.model;
-    m.flags.PendingAfterSave = options.passive ? 4 : 3;
-
-    RunSimServices services;
-    std::mt19937_64 engineSeed{std::random_device{}()};
-    std::uniform_real_distribution<double> uniform(0.0, 1.0);
-    services.random = [&] { return seed >= 0 ? seed : uniform(engineSeed); };
-    services.clock = [] {
-        const std::time_t now = std::time(nullptr);
-        char buf[16];
-        std::strftime(buf, sizeof buf, "%H:%M:%S", std::localtime(&now));
-        return std::string(buf);
-    };
-    services.timeLimitSeconds = options.timeLimit;
-    services.engineThreads = options.threads;
-    RunSimController run(session, prompt, services);
-    run.OpenRun();
-    ScreenFields& f = run.fields();
-    if (NumVal(f.At("Text1", 2).text) <= 0) f.At("Text1", 2).text = std::to_string(Today().year);
-    if (!options.periodBegin.empty()) {
-        f.At("Text1", 0).text = options.periodBegin;
-        f.At("Text1", 1).text = options.periodEnd;
-    }
-    f["weatherseq"].value = options.repeatWeather ? 1 : 0;
-    if (!options.recorded.empty()) {
+    const RunRequest request = RequestFromOptions(options, seed);
+    bool badInput = false;
+    auto recorded = [&](RunSimController& run, std::string& error) {
+        if (options.recorded.empty()) return true;
+        badInput = true;
         const std::filesystem::path file = options.recorded;
         std::string ext = file.extension().string();
         for (char& c : ext) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
         if (ext != ".epw") {
-            err << "solvane-cli: --recorded takes an EPW weather file (.epw)\n";
-            return 2;
+            error = "--recorded takes an EPW weather file (.epw)";
+            return false;
         }
         std::filesystem::copy_file(file, session.paths.Resolve("\\temp\\ecalc$.tmy"),
                                    std::filesystem::copy_options::overwrite_existing, ec);
         if (ec) {
-            err << "solvane-cli: " << file.string() << " cannot be read: " << ec.message() << "\n";
-            return 2;
+            error = file.string() + " cannot be read: " + ec.message();
+            return false;
         }
-        m.climate.RecordedWeatherSelected = 1;
+        badInput = false;
+        session.model.climate.RecordedWeatherSelected = 1;
         run.run().RecordedWeatherType = 1;  // EPW
-        f.At("weather", 0).value = 0;
-        f.At("weather", 1).value = 1;
+        run.fields().At("weather", 0).value = 0;
+        run.fields().At("weather", 1).value = 1;
+        return true;
+    };
+    const RunOutcome outcome = RunHeadless(session, prompt, request, recorded);
+    if (outcome.status != 0) {
+        if (!badInput) PrintPrompts(prompt, startupPrompts, err);
+        err << "solvane-cli: " << outcome.error << "\n";
+        return badInput ? 2 : outcome.status;
     }
-
-    const auto started = std::chrono::steady_clock::now();
-    if (!run.ExecuteRun()) {
-        PrintPrompts(prompt, startupPrompts, err);
-        err << "solvane-cli: the run did not start\n";
-        return 2;
-    }
-    while (run.Wait(1000)) {
-    }
-    const double seconds =
-        std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
-    // A run stopped at the time limit or refused by the engine shows only the
-    // engine's record, never an earlier run's report.
-    if (m.flags.RunDone != 1 || !run.EngineCompleted()) {
-        PrintPrompts(prompt, startupPrompts, err);
-        err << "solvane-cli: simulation not completed\n";
-        return 1;
-    }
-    if (!run.ReviewResults()) {
-        PrintPrompts(prompt, startupPrompts, err);
-        return 1;
-    }
-    const auto report = ReadTextFile(session.paths.Resolve(kResultsFile)).value_or("");
-    const auto summary = ReadRunSummary(report);
+    ProjectModel& m = session.model;
+    const double seconds = outcome.seconds;
+    const auto summary = ReadRunSummary(outcome.report);
     if (!summary) {
         for (const char* name : {"\\temp\\Monitor.txt"})
             if (const auto text = ReadTextFile(session.paths.Resolve(name)))
@@ -263,7 +323,7 @@ int RunProject(const Options& options, const std::string& executable, std::ostre
         err << "solvane-cli: " << summary.error << "\n";
         return 1;
     }
-    SummaryContext context{m, run.run(), project, seconds};
+    SummaryContext context{m, outcome.run, project, seconds};
     if (options.json)
         PrintSummaryJson(*summary.table, context, out);
     else

@@ -22,6 +22,8 @@ int main(int argc, char** argv) {
     }
     if (options.command == "check") return RunCheck(options, argv[0], std::cout, std::cerr);
     if (options.command == "run") return RunProject(options, argv[0], std::cout, std::cerr);
+    if (options.command == "sweep") return RunSweepCommand(options, argv[0], std::cout, std::cerr);
+    if (options.command == "merge") return RunMergeCommand(options, std::cout, std::cerr);
     std::cerr << "solvane-cli: unknown command " << options.command << "\n";
     PrintHelp(std::cerr);
     return 2;

@@ -51,6 +51,35 @@ void Bar(Canvas& c, const Scaler& s, double x, double width, double base, double
     c.Box(s.X(x), s.Y(top), s.X(x + width), s.Y(bottom), kBlack);
 }
 
+// The ensemble's band of one bar: a pale box a little wider than the bar
+// behind it (drawn first), and a whisker over it (drawn after the bar), so
+// the band shows where the bar hides the box.
+void BandBehind(Canvas& c, const Scaler& s, double x, double width, double base, double perUnit,
+                const ChartBand& band) {
+    if (!band) return;
+    const double low = base - band->first * perUnit, high = base - band->second * perUnit;
+    c.FillBox(s.X(x - 90), s.Y(high), s.X(x + width + 90), s.Y(low), kBandFill);
+}
+
+void BandWhisker(Canvas& c, const Scaler& s, double centre, double base, double perUnit,
+                 const ChartBand& band) {
+    if (!band) return;
+    const int low = s.Y(base - band->first * perUnit), high = s.Y(base - band->second * perUnit);
+    const int x = s.X(centre), cap = std::max(2, s.X(60));
+    c.Line(x, low, x, high, kBandWhisker);
+    c.Line(x - cap, low, x + cap, low, kBandWhisker);
+    c.Line(x - cap, high, x + cap, high, kBandWhisker);
+}
+
+// The note under a chart with bands.
+void BandNote(Canvas& c, const Scaler& s, const ChartBands* bands, double y) {
+    if (!bands) return;
+    c.FillBox(s.X(300), s.Y(y), s.X(500), s.Y(y + 150), kBandFill);
+    Text(c, s, 600, y - 20,
+         "Weather ensemble of " + std::to_string(bands->runs) + " runs: 10th to 90th percentile",
+         kBandWhisker, 8);
+}
+
 void Head(ScreenFields& f, Canvas& c, const Scaler& s, const ChartHead& head,
           const std::string& title, const std::string& location) {
     f.caption = head.InputFileShortName + " -- " + title;
@@ -68,8 +97,8 @@ Color PeakCategoryColor(int category) {
     return PaletteColor(category == 7 ? 12 : category);
 }
 
-void DrawSourceChart(const EnergySummary& e, const ChartHead& head, ScreenFields& f,
-                     Canvas& canvas) {
+void DrawSourceChart(const EnergySummary& e, const ChartHead& head, ScreenFields& f, Canvas& canvas,
+                     const ChartBands* bands) {
     const Scaler s{canvas};
     const bool si = e.units.si();
     Head(f, canvas, s, head, "Breakdown of Annual Energy:... ", e.ProjectTitleLine);
@@ -93,7 +122,10 @@ void DrawSourceChart(const EnergySummary& e, const ChartHead& head, ScreenFields
         const double v = e.EnergyBreakdown[i];
         const Color color = PaletteColor(i);
         const double x = 2000 + 1000.0 * (i - 1);
+        const ChartBand band = bands ? bands->source[i] : ChartBand{};
+        BandBehind(canvas, s, x, 500, 5000, 3500 / e.scale, band);
         Bar(canvas, s, x, 500, 5000, v * 3500 / e.scale, color);
+        BandWhisker(canvas, s, x + 250, 5000, 3500 / e.scale, band);
         const std::string valueText = Rounded(v, 2);
         Label(f, "Label3_" + std::to_string(i), valueText, color);
         Text(canvas, s, x, 5000 - std::max(0.0, v) * 3500 / e.scale - 250, valueText, color);
@@ -119,6 +151,7 @@ void DrawSourceChart(const EnergySummary& e, const ChartHead& head, ScreenFields
          "Site EUI = " + Rounded(e.SiteEUI, 1) + eui +
              "    Source EUI = " + Rounded(e.SourceEUI, 1) + eui,
          kBlack, 9);
+    BandNote(canvas, s, bands, 6400);
 }
 
 namespace {
@@ -160,16 +193,28 @@ void Series(Canvas& c, const Scaler& s, const std::array<std::optional<double>, 
 }  // namespace
 
 void DrawMonthlyEnergy(const MonthlyEnergy& e, const ChartHead& head, ScreenFields& f,
-                       Canvas& canvas) {
+                       Canvas& canvas, const ChartBands* bands) {
     const Scaler s{canvas};
     const bool si = e.units.si();
     const std::string unit = si ? "GJoules" : "MBtu";
     Head(f, canvas, s, head, "Monthly Heating and Cooling Energy", "");
     Label(f, "Label4", unit);
     Text(canvas, s, 300, 1100, unit, kBlack);
+    const double coolingFactor = si ? 3.6 / 1e3 : 3413 / 1e6;
+    if (bands) {
+        // Each month's band behind its points: heating left, cooling right.
+        for (int m = 0; e.startMonth + m < 12; ++m) {
+            const double x = 1450 + 600.0 * m;
+            const auto& h = bands->heating[static_cast<std::size_t>(e.startMonth + m)];
+            auto c = bands->cooling[static_cast<std::size_t>(e.startMonth + m)];
+            if (c) c = std::pair{c->first * coolingFactor, c->second * coolingFactor};
+            BandBehind(canvas, s, x - 110, 0, 5000, 3500 / e.scale, h);
+            BandBehind(canvas, s, x + 110, 0, 5000, 3500 / e.scale, c);
+        }
+    }
     MonthAxis(canvas, s, e.scale, e.startMonth);
     Series(canvas, s, e.heating, e.startMonth, e.scale, kFirstSeries);
-    Series(canvas, s, e.cooling, e.startMonth, e.scale, kSecondSeries, si ? 3.6 / 1e3 : 3413 / 1e6);
+    Series(canvas, s, e.cooling, e.startMonth, e.scale, kSecondSeries, coolingFactor);
     const std::string heating = "Total Heating Energy = " + Rounded(e.totalHeating, 2) + " " + unit;
     const std::string cooling =
         "Total Cooling Energy = " + Rounded(CoolingInHeatingUnit(e.totalCoolingKwh, e.units), 2) +
@@ -180,6 +225,7 @@ void DrawMonthlyEnergy(const MonthlyEnergy& e, const ChartHead& head, ScreenFiel
     Text(canvas, s, 1300, 6000, heating, kFirstSeries, 9);
     Text(canvas, s, 5200, 5700, "Cooling Energy", kSecondSeries, 9);
     Text(canvas, s, 5200, 6000, cooling, kSecondSeries, 9);
+    BandNote(canvas, s, bands, 6400);
 }
 
 void DrawMonthlyCosts(const MonthlyCosts& c, const ChartHead& head, ScreenFields& f,
@@ -216,7 +262,7 @@ void DrawMonthlyCosts(const MonthlyCosts& c, const ChartHead& head, ScreenFields
 }
 
 void DrawPeakChart(const ComponentLoads& l, LoadView view, const ChartHead& head, ScreenFields& f,
-                   Canvas& canvas) {
+                   Canvas& canvas, const ChartBands* bands) {
     const Scaler s{canvas};
     const bool si = l.units.si();
     static constexpr const char* kTitles[] = {"Annual Cooling Loads", "Annual Heating Loads",
@@ -257,7 +303,12 @@ void DrawPeakChart(const ComponentLoads& l, LoadView view, const ChartHead& head
         const Color color = PeakCategoryColor(i);
         const double value = l.value[i - 1];
         const double x = 1500 + 800.0 * (i - 1);
+        ChartBand band;
+        if (bands && view == LoadView::PeakHeating) band = bands->peakHeating[i - 1];
+        if (bands && view == LoadView::PeakCooling) band = bands->peakCooling[i - 1];
+        BandBehind(canvas, s, x, 400, 3500, 1900 / scale, band);
         Bar(canvas, s, x, 400, 3500, value * 1900 / scale, color);
+        BandWhisker(canvas, s, x + 200, 3500, 1900 / scale, band);
         const std::string shown = Rounded(value, 2);
         Label(f, "valcat_" + std::to_string(i), shown, color);
         Label(f, "catlabel_" + std::to_string(i), l.label[i - 1], color);
@@ -269,6 +320,7 @@ void DrawPeakChart(const ComponentLoads& l, LoadView view, const ChartHead& head
         Text(canvas, s, keyX, keyY, std::to_string(i) + "  " + l.label[i - 1], color, 8);
         Text(canvas, s, x + 120, 5420, std::to_string(i), kGrey, 7);
     }
+    if (peak) BandNote(canvas, s, bands, 6950);
 }
 
 }  // namespace solvane

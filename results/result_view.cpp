@@ -32,12 +32,12 @@ bool ResultViewController::Draw(Canvas& canvas) {
         error = "The results file " + path.string() + " cannot be read.";
     } else if (kind_ == ChartKind::Source) {
         const auto r = ReadEnergySummary(*text);
-        if (r) DrawSourceChart(*r.table, head, fields, canvas);
+        if (r) DrawSourceChart(*r.table, head, fields, canvas, Bands());
         error = r.error;
     } else if (kind_ == ChartKind::Peak) {
         const auto view = static_cast<LoadView>(std::clamp(view_, 0, 3));
         const auto r = ReadComponentLoads(*text, view);
-        if (r) DrawPeakChart(*r.table, view, head, fields, canvas);
+        if (r) DrawPeakChart(*r.table, view, head, fields, canvas, Bands());
         error = r.error;
     } else if (view_ == 1) {
         const auto r = ReadMonthlyCosts(*text);
@@ -45,7 +45,7 @@ bool ResultViewController::Draw(Canvas& canvas) {
         error = r.error;
     } else {
         const auto r = ReadMonthlyEnergy(*text);
-        if (r) DrawMonthlyEnergy(*r.table, head, fields, canvas);
+        if (r) DrawMonthlyEnergy(*r.table, head, fields, canvas, Bands());
         error = r.error;
     }
     if (!error.empty()) {

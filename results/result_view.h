@@ -3,6 +3,7 @@
 // and asks about saving when the user leaves unsaved results.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "core/session.h"
@@ -21,7 +22,11 @@ class ResultViewController {
     ScreenFields fields;
     // The benchmark screen `EUI`, opened from the energy breakdown.
     EuiController eui;
+    // A weather ensemble's bands for the results on show, drawn behind the
+    // bars; none for a single run.
+    std::optional<ChartBands> bands;
     ChartKind kind() const { return kind_; }
+    int view() const { return view_; }
 
     // Draws a chart from temp\ecalc$.out. False, with the user told and the
     // screen left empty, when the file lacks what the chart needs.
@@ -35,6 +40,7 @@ class ResultViewController {
 
   private:
     bool Draw(Canvas& canvas);
+    const ChartBands* Bands() const { return bands ? &*bands : nullptr; }
 
     Session& session_;
     Prompt& prompt_;

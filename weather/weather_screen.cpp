@@ -332,6 +332,52 @@ void WeatherScreen::ListStateCities() {
     WriteFileAtomic(paths_.Resolve("tempTest.out"), diagnostics.Str());
 }
 
+void WeatherScreen::ShowCityRecord(const std::vector<std::string>& lines, int ordinal) {
+    const int region = CurrentRegion;
+    const int i = ordinal;
+    const std::size_t at = static_cast<std::size_t>(i - 1) * kRecordLines;
+    if (i < 1 || at + 1 >= lines.size()) return;
+    const std::vector<std::string> key = SplitKeyLine(lines[at]);
+    const ClimateHeader header =
+        ParseClimateHeader(key.size() > 2 ? key[2] : std::string(), Units());
+    HeatingDegreeDays = header.HeatingDegreeDays;
+    CoolingDegreeDays = header.CoolingDegreeDays;
+    ClimateZone = header.ClimateZone;
+    const NameLine name = ParseNameLine(lines[at + 1]);
+    fields["CityNum"].text =
+        "City # " + std::to_string(i) + " of " + std::to_string(index_.RegionCityCount[region]);
+    WMONumber = name.wmo;
+    Latitude = static_cast<float>(name.latitude);
+    Longitude = static_cast<float>(name.longitude);
+    StandardMeridian = static_cast<float>(name.standardMeridian);
+    Elevation = static_cast<float>(name.elevation);
+    fields["WMO"].text = WMONumber;
+    fields["latitude"].text = Masked(Latitude, 1, "@@@@@");
+    fields["longitude"].text = Masked(Longitude, 1, "@@@@@");
+    fields["timezone"].text = Masked(StandardMeridian, 1, "@@@@@");
+    fields["latlabel"].text = Latitude <= 0 ? "S. Latitude" : "N. Latitude";
+    fields["longlabel"].text = Longitude <= 0 ? "W. Long." : "E. Long.";
+    if (Units() == 2) {
+        Elevation =
+            static_cast<float>(std::floor(Elevation * 10 * UnitFactor::LengthIpToSi + 0.5) / 10);
+    }
+    fields["elev"].text = NumText(Elevation);
+    fields["HDDV"].text = NumText(HeatingDegreeDays);
+    fields["CDDV"].text = NumText(CoolingDegreeDays);
+    fields["CLzoneV"].text = ClimateZone;
+    for (int row = 1; row <= 8; ++row) {
+        const std::size_t lineAt = at + 1 + static_cast<std::size_t>(row);
+        const std::array<double, 13> values =
+            lineAt < lines.size() ? ParseMonthlyRow(lines[lineAt]) : std::array<double, 13>{};
+        for (int m = 1; m <= 12; ++m) {
+            Cell(row, m) =
+                Masked(MonthlyToScreen(row, values[m], Units()), row == kSolar ? 0 : 1, "@@@@@");
+        }
+    }
+    CityOrdinal = i;
+    CityMarker = MarkerOfNameField(name.name, CityMarker);
+}
+
 void WeatherScreen::FindCityRecord() {
     const int region = CurrentRegion;
     const std::vector<std::string> lines = SplitLines(ReadRegionFile(paths_, region));
@@ -351,38 +397,7 @@ void WeatherScreen::FindCityRecord() {
         lastName = CityOfNameField(name.name);
         if (lastName != wanted) continue;
 
-        fields["CityNum"].text =
-            "City # " + std::to_string(i) + " of " + std::to_string(index_.RegionCityCount[region]);
-        WMONumber = name.wmo;
-        Latitude = static_cast<float>(name.latitude);
-        Longitude = static_cast<float>(name.longitude);
-        StandardMeridian = static_cast<float>(name.standardMeridian);
-        Elevation = static_cast<float>(name.elevation);
-        fields["WMO"].text = WMONumber;
-        fields["latitude"].text = Masked(Latitude, 1, "@@@@@");
-        fields["longitude"].text = Masked(Longitude, 1, "@@@@@");
-        fields["timezone"].text = Masked(StandardMeridian, 1, "@@@@@");
-        fields["latlabel"].text = Latitude <= 0 ? "S. Latitude" : "N. Latitude";
-        fields["longlabel"].text = Longitude <= 0 ? "W. Long." : "E. Long.";
-        if (Units() == 2) {
-            Elevation = static_cast<float>(
-                std::floor(Elevation * 10 * UnitFactor::LengthIpToSi + 0.5) / 10);
-        }
-        fields["elev"].text = NumText(Elevation);
-        fields["HDDV"].text = NumText(HeatingDegreeDays);
-        fields["CDDV"].text = NumText(CoolingDegreeDays);
-        fields["CLzoneV"].text = ClimateZone;
-        for (int row = 1; row <= 8; ++row) {
-            const std::size_t lineAt = at + 1 + static_cast<std::size_t>(row);
-            const std::array<double, 13> values =
-                lineAt < lines.size() ? ParseMonthlyRow(lines[lineAt]) : std::array<double, 13>{};
-            for (int m = 1; m <= 12; ++m) {
-                Cell(row, m) = Masked(MonthlyToScreen(row, values[m], Units()),
-                                      row == kSolar ? 0 : 1, "@@@@@");
-            }
-        }
-        CityOrdinal = i;
-        CityMarker = MarkerOfNameField(name.name, CityMarker);
+        ShowCityRecord(lines, i);
         break;
     }
     fields["citytext"].text = lastName;

@@ -66,6 +66,8 @@ class WeatherScreen {
     // Finds the city in citytext (first match in the region file) and shows
     // its record.
     void FindCityRecord();
+    // Shows record `ordinal` (1 = first) of the region file's lines.
+    void ShowCityRecord(const std::vector<std::string>& lines, int ordinal);
     // The ten lines of a record from the screen's fields, with firstLine as
     // line 1.
     std::string WriteCityRecord(const std::string& firstLine);
