@@ -1,7 +1,9 @@
 #include "cli/cli_commands.h"
 
+#include <cctype>
 #include <chrono>
 #include <ctime>
+#include <filesystem>
 #include <random>
 
 #include "cli/program_services.h"
@@ -13,6 +15,7 @@
 #include "projectfile/file_dialogs.h"
 #include "run/run_sim.h"
 #include "ui/scripted_prompt.h"
+#include "weather/recorded_weather.h"
 
 namespace solvane::cli {
 
@@ -29,12 +32,14 @@ bool ParseOptions(const std::vector<std::string>& args, Options& options, std::s
             options.repeatWeather = true;
         } else if (a == "--json") {
             options.json = true;
-        } else if (a == "--recorded" || a == "--seed") {
+        } else if (a == "--recorded" || a == "--seed" || a == "--weather-format") {
             if (i + 1 >= args.size()) {
                 error = a + " needs a value";
                 return false;
             }
-            (a == "--seed" ? options.seed : options.recorded) = args[++i];
+            (a == "--seed"       ? options.seed
+             : a == "--recorded" ? options.recorded
+                                 : options.weatherFormat) = args[++i];
         } else if (a == "--period") {
             if (i + 2 >= args.size()) {
                 error = "--period needs a first and a last day, e.g. --period 1-Jan 31-Dec";
@@ -92,7 +97,10 @@ void PrintHelp(std::ostream& out) {
            "  --time-limit S   run: stop the engine after S seconds (default 3600)\n"
            "  --seed VALUE     run: the simulated weather's seed, 0 <= VALUE < 1\n"
            "  --period A B     run: first and last day, e.g. --period 1-Jan 31-Dec\n"
-           "  --recorded FILE  run: a recorded weather year (EPW) instead of simulated weather\n"
+           "  --recorded FILE  run: a recorded weather year instead of simulated weather\n"
+           "  --weather-format epw|wyec2|iwec|custom\n"
+           "                   run: the recorded file's form (by default from its name:\n"
+           "                   *.epw, WYEC2.txt, IWEC.txt, *.cus)\n"
            "  --json           run: print the summary as JSON (docs/cli-run-json.md)\n"
            "  --help           show this text\n"
            "  --version        show the version\n";
@@ -126,6 +134,50 @@ bool StartHeadless(Session& session, Prompt& prompt, ClimateIndex& climate, cons
 void PrintPrompts(const ScriptedPrompt& prompt, std::size_t from, std::ostream& out) {
     for (std::size_t i = from; i < prompt.asked.size(); ++i)
         out << "[" << prompt.asked[i].title << "] " << prompt.asked[i].text << "\n";
+}
+
+// The recorded weather file's form, 1..4, from --weather-format or its name;
+// 0 when neither tells it.
+int RecordedFormatOf(const Options& options) {
+    auto lower = [](std::string t) {
+        for (char& c : t) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        return t;
+    };
+    const std::string given = lower(options.weatherFormat);
+    const std::string name = lower(std::filesystem::path(options.recorded).filename().string());
+    const std::string ext = lower(std::filesystem::path(options.recorded).extension().string());
+    if (given == "epw" || (given.empty() && ext == ".epw")) return 1;
+    if (given == "wyec2" || (given.empty() && name == "wyec2.txt")) return 2;
+    if (given == "iwec" || (given.empty() && name == "iwec.txt")) return 3;
+    if (given == "custom" || (given.empty() && ext == ".cus")) return 4;
+    return 0;
+}
+
+// Takes the recorded weather file as the recorded weather screen does, for
+// the year in the run screen; a year that differs is noted and the run goes on.
+bool TakeRecordedWeather(Session& session, ScriptedPrompt& prompt, const Options& options,
+                         RunSimController& run, std::ostream& err) {
+    const int format = RecordedFormatOf(options);
+    if (format == 0) {
+        err << "solvane-cli: --weather-format must be epw, wyec2, iwec or custom (the form of "
+            << options.recorded << " is not told by its name)\n";
+        return false;
+    }
+    std::error_code ec;
+    const auto file = std::filesystem::absolute(options.recorded, ec);
+    SelectWeatherController select(session, prompt);
+    select.Open(run.fields().At("Text1", 2).text);
+    select.browser.ChangeFolder(file.parent_path().string());
+    select.ChooseFormat(format);
+    select.fields()["Text1"].text = file.string();
+    const std::size_t from = prompt.asked.size();
+    const bool taken = select.Ok();
+    for (std::size_t i = from; i < prompt.asked.size(); ++i) {
+        const AskedPrompt& p = prompt.asked[i];
+        if (p.title == "Weather Year" || !taken) err << "solvane-cli: " << p.text << "\n";
+    }
+    if (!taken) err << "solvane-cli: " << options.recorded << " was not taken\n";
+    return taken;
 }
 
 }  // namespace
@@ -197,22 +249,9 @@ int RunProject(const Options& options, const std::string& executable, std::ostre
         f.At("Text1", 1).text = options.periodEnd;
     }
     f["weatherseq"].value = options.repeatWeather ? 1 : 0;
+    if (!options.recorded.empty() && !TakeRecordedWeather(session, prompt, options, run, err))
+        return 2;
     if (!options.recorded.empty()) {
-        const std::filesystem::path file = options.recorded;
-        std::string ext = file.extension().string();
-        for (char& c : ext) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-        if (ext != ".epw") {
-            err << "solvane-cli: --recorded takes an EPW weather file (.epw)\n";
-            return 2;
-        }
-        std::filesystem::copy_file(file, session.paths.Resolve("\\temp\\ecalc$.tmy"),
-                                   std::filesystem::copy_options::overwrite_existing, ec);
-        if (ec) {
-            err << "solvane-cli: " << file.string() << " cannot be read: " << ec.message() << "\n";
-            return 2;
-        }
-        m.climate.RecordedWeatherSelected = 1;
-        run.run().RecordedWeatherType = 1;  // EPW
         f.At("weather", 0).value = 0;
         f.At("weather", 1).value = 1;
     }
@@ -247,7 +286,7 @@ int RunProject(const Options& options, const std::string& executable, std::ostre
         err << "solvane-cli: " << summary.error << "\n";
         return 1;
     }
-    SummaryContext context{m, run.run(), project, seconds};
+    SummaryContext context{m, run.run(), project, seconds, WeatherUsed(report)};
     if (options.json)
         PrintSummaryJson(*summary.table, context, out);
     else
