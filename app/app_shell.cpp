@@ -116,6 +116,8 @@ void AppShell::MakeScreens() {
     results_ = std::make_unique<ResultChartScreen>(*resultViewController_, navigate, hub);
     runSim_ = std::make_unique<RunSimScreen>(
         *runSimController_, navigate, [this] { results_->Open(ChartKind::Source); }, hub);
+    selectWeatherController_ = std::make_unique<SelectWeatherController>(session_, prompt_);
+    runSim_->SetRecordedWeather(*selectWeatherController_);
     // The hub's Graphs menu opens the chart screens on the results file.
     const std::pair<ChartKind, int> graphs[] = {
         {ChartKind::Peak, static_cast<int>(LoadView::PeakHeating)},

@@ -17,6 +17,7 @@
 #include "results/result_view.h"
 #include "run/run_sim.h"
 #include "weather/climate_database.h"
+#include "weather/recorded_weather.h"
 #include "weather/weather_screen.h"
 
 namespace solvane {
@@ -102,6 +103,7 @@ class AppShell : public QObject {
     std::unique_ptr<CatalogController> catalogController_;
     std::unique_ptr<HvacController> hvacController_;
     std::unique_ptr<RunSimController> runSimController_;
+    std::unique_ptr<SelectWeatherController> selectWeatherController_;
     std::unique_ptr<ResultViewController> resultViewController_;
 
     std::unique_ptr<MainFormScreen> mainform_;

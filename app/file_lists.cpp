@@ -29,10 +29,12 @@ FileLists::FileLists(FileBrowser& browser, QWidget* parent) : QWidget(parent), b
 
     connect(drives_, &QComboBox::activated, this, [this](int index) {
         browser_.ChooseDrive(index);
+        emit folderChanged();
         Refresh();
     });
     connect(folders_, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* item) {
         browser_.OpenFolder(folders_->row(item));
+        emit folderChanged();
         Refresh();
     });
     connect(files_, &QListWidget::currentRowChanged, this, [this](int row) {

@@ -24,6 +24,8 @@ class FileLists : public QWidget {
     // A file of `File1` was clicked (index) or double-clicked.
     void fileChosen(int index);
     void fileActivated(int index);
+    // Another place or folder was opened (before the lists are shown again).
+    void folderChanged();
 
   private:
     FileBrowser& browser_;
