@@ -4,12 +4,12 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
 #include "app/chart_canvas.h"
+#include "app/eui.h"
 #include "app/field_binding.h"
 #include "app/form_helpers.h"
 
@@ -95,28 +95,8 @@ ResultChartScreen::ResultChartScreen(ResultViewController& controller,
 }
 
 void ResultChartScreen::ShowBenchmark() {
-    ScreenFields fields;
-    if (!controller_.Benchmark(fields)) return;
-    QDialog eui(this);
-    eui.setObjectName("EUI");
-    eui.setWindowTitle(QString::fromStdString(fields.caption));
-    auto* layout = new QVBoxLayout(&eui);
-    auto* site = new QLabel;
-    site->setObjectName("Label4");
-    layout->addWidget(site);
-    auto* text = new QPlainTextEdit(QString::fromStdString(fields.Text("Text1")));
-    text->setObjectName("Text1");
-    text->setReadOnly(true);
-    text->setMinimumSize(560, 260);
-    layout->addWidget(text);
-    auto* zone = new QLabel;
-    zone->setObjectName("Label3");
-    layout->addWidget(zone);
-    auto* close = new QPushButton("Close");
-    layout->addWidget(close);
-    connect(close, &QPushButton::clicked, &eui, &QDialog::accept);
-    ApplyFields(&eui, fields);
-    eui.exec();
+    if (!eui_) eui_ = new EuiScreen(controller_.eui, this);
+    eui_->Open();
 }
 
 bool ResultChartScreen::Open(ChartKind kind, int view) {

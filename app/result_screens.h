@@ -13,6 +13,8 @@ class QStackedWidget;
 
 namespace solvane {
 
+class EuiScreen;
+
 class ViewOutputScreen : public QDialog {
     Q_OBJECT
   public:
@@ -44,6 +46,7 @@ class ResultChartScreen : public QDialog {
     QLabel* picture_;
     QStackedWidget* viewButtons_;
     QImage image_;
+    EuiScreen* eui_ = nullptr;
 };
 
 }  // namespace solvane

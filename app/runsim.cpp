@@ -49,7 +49,7 @@ RunSimScreen::RunSimScreen(RunSimController& controller,
       showResults_(std::move(showResults)) {
     setObjectName("runsim");
     timer_ = new QTimer(this);
-    timer_->setInterval(200);
+    timer_->setInterval(100);
     connect(timer_, &QTimer::timeout, this, &RunSimScreen::Poll);
     auto* edits = new FieldEdits(controller_.fields(), {}, this);
     auto* layout = new QVBoxLayout(this);
@@ -179,8 +179,11 @@ void RunSimScreen::ShowFields() {
     for (int i = 0; i < 12; ++i) {
         auto* mon = findChild<QPushButton*>(QString("mon_%1").arg(i));
         if (mon)
-            mon->setStyleSheet(QString::asprintf("background: #%06x;",
-                                                 static_cast<unsigned>(f.At("mon", i).color)));
+            // A push button paints a style sheet's background only with a
+            // border of the sheet's own.
+            mon->setStyleSheet(QString::asprintf(
+                "QPushButton { background-color: #%06x; border: 1px solid #b0b0b0; }",
+                static_cast<unsigned>(f.At("mon", i).color)));
     }
     // While the engine runs only Cancel answers.
     const bool running = controller_.Running();

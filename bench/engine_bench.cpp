@@ -68,9 +68,11 @@ std::vector<ZoneSystem> Systems(const Building& b) {
     return s;
 }
 
+// Argument: the threads the zones are stepped on.
 void BM_EngineAnnualRun(benchmark::State& state) {
     const Building& b = Generated();
-    const RunOptions opt = Options();
+    RunOptions opt = Options();
+    opt.threads = static_cast<int>(state.range(0));
     for (auto _ : state) {
         const WeatherYear w = SynthesizeWeather(Climate(), MinneapolisSite(), 42);
         const RunResults r = Simulate(b, w, opt);
@@ -86,7 +88,7 @@ void BM_EngineAnnualRun(benchmark::State& state) {
     state.counters["zones"] = static_cast<double>(b.zones.size());
     state.counters["surfaces"] = static_cast<double>(surfaces);
 }
-BENCHMARK(BM_EngineAnnualRun)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_EngineAnnualRun)->Arg(1)->Arg(2)->UseRealTime()->Unit(benchmark::kMillisecond);
 
 void BM_EngineWeatherSynthesis(benchmark::State& state) {
     for (auto _ : state) {
@@ -100,6 +102,7 @@ void BM_EngineSimulation(benchmark::State& state) {
     const WeatherYear w = SynthesizeWeather(Climate(), MinneapolisSite(), 42);
     RunOptions opt = Options();
     opt.stepsPerHour = static_cast<int>(state.range(0));
+    opt.threads = 1;
     for (auto _ : state) {
         const RunResults r = Simulate(Generated(), w, opt);
         benchmark::DoNotOptimize(r.zones.data());
@@ -109,7 +112,9 @@ BENCHMARK(BM_EngineSimulation)->Arg(1)->Arg(4)->Unit(benchmark::kMillisecond);
 
 void BM_EngineReport(benchmark::State& state) {
     const WeatherYear w = SynthesizeWeather(Climate(), MinneapolisSite(), 42);
-    const RunResults r = Simulate(Generated(), w, Options());
+    RunOptions opt = Options();
+    opt.threads = 1;
+    const RunResults r = Simulate(Generated(), w, opt);
     const std::vector<ZoneSystem> systems = Systems(Generated());
     for (auto _ : state) {
         const SystemsResults sys = SimulateSystems(Generated(), r, w, Options(), systems);

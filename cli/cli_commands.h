@@ -21,6 +21,7 @@ struct Options {
     std::string periodBegin, periodEnd;  // --period 1-Jan 31-Dec
     std::string seed;                    // --seed VALUE: the weather seed, 0 <= VALUE < 1
     double timeLimit = 3600;             // --time-limit SECONDS: the engine is stopped after it
+    int threads = 0;                     // --threads N: the engine's threads (0: every core)
 };
 
 // Parses the arguments; on a mistake returns false with the reason in `error`.

@@ -27,6 +27,20 @@ std::string Number(double v) {
     return buf;
 }
 
+// Dollars as whole numbers, never in exponent form.
+std::string Dollars(double v) {
+    if (!std::isfinite(v)) return "null";
+    char buf[48];
+    std::snprintf(buf, sizeof buf, "%.0f", v);
+    return buf;
+}
+
+// The period's figure of a cost column ("null" without it).
+std::string PeriodDollars(const MonthlyCosts& c, const std::array<std::optional<double>, 13>& t) {
+    const auto& v = t[c.periodIndex];
+    return v ? Dollars(*v) : "null";
+}
+
 // A load table's total as a JSON number, null when the table is missing.
 std::string TotalOf(const std::optional<ComponentLoads>& t) {
     return t ? Number(NumVal(t->tableTotal)) : "null";
@@ -112,8 +126,13 @@ void PrintSummaryText(const RunSummary& s, const SummaryContext& c, std::ostream
     if (s.annualHeating && s.annualCooling)
         out << "Annual loads       heating " << s.annualHeating->tableTotal << ", cooling "
             << s.annualCooling->tableTotal << " " << u.energy << "\n";
-    if (s.costs && s.costs->total[12])
-        out << "Annual cost        $ " << Number(*s.costs->total[12]) << "\n";
+    if (s.costs)
+        out << "Annual cost        $ " << PeriodDollars(*s.costs, s.costs->total) << " (gas "
+            << PeriodDollars(*s.costs, s.costs->gas) << ", electric "
+            << PeriodDollars(*s.costs, s.costs->elec) << ")\n";
+    if (s.lifeCycle)
+        out << "Life-cycle cost    $ " << Dollars(s.lifeCycle->presentWorth) << " (present worth, "
+            << s.lifeCycle->years << " years at " << Number(s.lifeCycle->discountRate) << " %)\n";
     for (const auto& note : s.notAvailable) out << "Not available: " << note << "\n";
     out << "Simulation completed in " << FormatField(NumText(c.seconds), "####.##") << " Sec.\n";
 }
@@ -151,10 +170,17 @@ void PrintSummaryJson(const RunSummary& s, const SummaryContext& c, std::ostream
         << "\", \"heating\": " << TotalOf(s.annualHeating)
         << ", \"cooling\": " << TotalOf(s.annualCooling) << "},\n";
     out << "  \"annualCost\": ";
-    if (s.costs && s.costs->total[12])
-        out << "{\"gas\": " << Number(s.costs->gas[12].value_or(0))
-            << ", \"electric\": " << Number(s.costs->elec[12].value_or(0))
-            << ", \"total\": " << Number(*s.costs->total[12]) << "}";
+    if (s.costs)
+        out << "{\"gas\": " << PeriodDollars(*s.costs, s.costs->gas)
+            << ", \"electric\": " << PeriodDollars(*s.costs, s.costs->elec)
+            << ", \"total\": " << PeriodDollars(*s.costs, s.costs->total) << "}";
+    else
+        out << "null";
+    out << ",\n  \"lifeCycleCost\": ";
+    if (s.lifeCycle)
+        out << "{\"years\": " << s.lifeCycle->years
+            << ", \"discountRate\": " << Number(s.lifeCycle->discountRate / 100)
+            << ", \"presentWorth\": " << Dollars(s.lifeCycle->presentWorth) << "}";
     else
         out << "null";
     out << ",\n  \"notAvailable\": [";

@@ -8,17 +8,16 @@ namespace solvane {
 
 namespace {
 
-ItemReader OpenTable(const ProgramPaths& paths) {
-    const auto path = paths.Resolve(kBuildingTypeFile);
-    auto content = ReadTextFile(path);
-    if (!content) throw ReadError(path.string(), 0, "File not found");
-    return ItemReader(std::move(*content), path.string());
-}
-
 // One row: the name, the 19 columns and the five further values.
 void ReadRow(ItemReader& in, BuildingTypeTable& t, int type) {
     t.BTypeName[type] = in.NextText();
-    for (int c = 1; c <= 19; ++c) t.BTypeColumn[type][c] = static_cast<float>(in.NextNumber());
+    for (int c = 1; c <= 19; ++c) {
+        t.BTypeColumn[type][c] = static_cast<float>(in.NextNumber());
+        // The profile group is kept in a 16-bit field.
+        const float v = t.BTypeColumn[type][c];
+        if (c == 2 && !(v > -32769.0f && v < 32768.0f))
+            in.Fail("number out of range: " + NumText(v));
+    }
     t.BTypeSkylightMin[type] = static_cast<float>(in.NextNumber());
     t.BTypeRowNumber[type] = static_cast<float>(in.NextNumber());
     t.BTypeEUILow[type] = static_cast<float>(in.NextNumber());
@@ -37,7 +36,14 @@ float DefaultOutdoorAir(const std::array<float, 20>& column) {
 }
 
 void LoadBuildingTypeTable(ProjectModel& model, const ProgramPaths& paths) {
-    ItemReader in = OpenTable(paths);
+    const auto path = paths.Resolve(kBuildingTypeFile);
+    auto content = ReadTextFile(path);
+    if (!content) throw ReadError(path.string(), 0, "File not found");
+    LoadBuildingTypeTable(model, std::move(*content), path.string());
+}
+
+void LoadBuildingTypeTable(ProjectModel& model, std::string text, const std::string& fileName) {
+    ItemReader in(std::move(text), fileName);
     BuildingTypeTable t;
     for (int i = 0; i < 3; ++i) in.NextLine();
     for (int type = 1; type <= kBuildingTypes; ++type) ReadRow(in, t, type);

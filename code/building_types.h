@@ -16,6 +16,8 @@ inline constexpr const char* kBuildingTypeFile = "\\Codes\\BType2020-Defaults.tx
 // Reads the whole table into `model.btypes`. Throws ReadError when the file is
 // missing or short.
 void LoadBuildingTypeTable(ProjectModel& model, const ProgramPaths& paths);
+// The same from the file's text; `fileName` is what a ReadError names.
+void LoadBuildingTypeTable(ProjectModel& model, std::string text, const std::string& fileName);
 
 // The start-up hook: the table of the session's program folder.
 void LoadBuildingTypes(Session& session);

@@ -95,6 +95,14 @@ struct ZoneGains {
     double peopleRadiant = 0.6, lightsRadiant = 0.6, equipmentRadiant = 0.3;
 };
 
+// Daylighting (daylighting.h): the share of the zone's lights in its daylit
+// part, that part's average daylight factor (%) and the target (lux).
+struct ZoneDaylighting {
+    double share = 0;
+    double daylightFactor = 0;
+    double targetLux = 0;
+};
+
 struct Zone {
     std::string name;
     std::string number;  // the project's zone number text, such as 1-1
@@ -111,6 +119,7 @@ struct Zone {
     // comfort zone's lower limit; 0 never.
     double naturalVentFlow = 0;
     ZoneGains gains;
+    ZoneDaylighting daylight;
     int heatingSetpointProfile = -1;                                   // C; -1: never heat
     int coolingSetpointProfile = -1;                                   // C; -1: never cool
     bool conditioned = true;                                           // false: the zone floats

@@ -1,10 +1,12 @@
 #include "engine/engine_run.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <optional>
 #include <string>
 
 #include "core/item_reader.h"
@@ -12,14 +14,18 @@
 #include "core/session.h"
 #include "core/text_file.h"
 #include "engine/control_file.h"
+#include "engine/costs.h"
 #include "engine/custom_weather.h"
+#include "engine/dx_coil.h"
 #include "engine/epw_reader.h"
 #include "engine/fixed_column_weather.h"
+#include "engine/hvac_systems.h"
 #include "engine/project_checks.h"
 #include "engine/project_translation.h"
 #include "engine/report.h"
 #include "engine/run_guard.h"
 #include "engine/simulation.h"
+#include "engine/sizing.h"
 #include "engine/synthetic_weather.h"
 #include "projectfile/project_file.h"
 
@@ -103,6 +109,12 @@ int RunEngine(const fs::path& here, const EngineRunOptions& options) {
         ProjectRunInputs in =
             TranslateProject(session.model, ctx.control.runType, matrix ? *matrix : std::string());
         notes.insert(notes.end(), in.notes.begin(), in.notes.end());
+        // A unit's own performance map, when the run folder has one.
+        if (fs::exists(here / "Solv2020.dx")) {
+            const auto maps = ReadDxPerformanceFile(Read(here / "Solv2020.dx"), "Solv2020.dx");
+            const auto mapped = AttachDxPerformance(in.building, in.systems, maps);
+            notes.insert(notes.end(), mapped.begin(), mapped.end());
+        }
         ctx.projectName = session.model.ProjectData[kProjName];
         ctx.location = in.location.substr(0, 36);
         zoneCount = static_cast<int>(in.building.zones.size());
@@ -131,14 +143,35 @@ int RunEngine(const fs::path& here, const EngineRunOptions& options) {
         opt.skipMonth = ctx.control.skipMonth;
         opt.firstWeekday = ctx.control.firstDayOfYear - 1;
         opt.hvacOff = ctx.control.runType == 4;
+        opt.threads = options.threads;
         opt.comfortLower =
             ctx.si ? ctx.control.comfortLower : (ctx.control.comfortLower - 32) / 1.8;
         opt.comfortUpper =
             ctx.si ? ctx.control.comfortUpper : (ctx.control.comfortUpper - 32) / 1.8;
+        // The desktop follows the run by the days done (Progress.txt); a
+        // record it cannot write only costs the bar its moves.
+        const fs::path progress = here / "Progress.txt";
+        opt.onDay = [&progress](int done, int total) {
+            WriteFileAtomic(progress, std::to_string(done) + " " + std::to_string(total) + "\r\n");
+        };
+        opt.onDay(0, std::max(1, opt.endDay - opt.beginDay + 1));
         const RunResults res = Simulate(in.building, weather, opt);
 
-        const SystemsResults sys = SimulateSystems(in.building, res, weather, opt, in.systems);
-        Write(here / "sim$.out", SimOutText(in.building, res, sys, in.systems, ctx));
+        // The plant is sized on the design days of the project's design
+        // temperatures when it has them.
+        std::optional<DesignLoads> design;
+        if (in.design && !opt.hvacOff)
+            design = DesignDayLoads(in.building, weather, *in.design, opt);
+        const SystemsResults sys = SimulateSystems(in.building, res, weather, opt, in.systems,
+                                                   design ? &*design : nullptr);
+        const bool wholeYear = opt.beginDay == 1 && opt.endDay == 365 &&
+                               std::none_of(opt.skipMonth.begin(), opt.skipMonth.end(),
+                                            [](bool skip) { return skip; });
+        const CostResults costs = ComputeCosts(
+            EconomicInputsOf(session.model), sys, ZoneCostRatesOf(session.model, in.building),
+            MonthOfDay(std::clamp(ctx.control.beginDay, 1, 365) - 1),
+            MonthOfDay(std::clamp(ctx.control.endDay, 1, 365) - 1), wholeYear);
+        Write(here / "sim$.out", SimOutText(in.building, res, sys, in.systems, ctx, &costs));
         Write(here / "ecalc$.wth", WeatherSummaryText(weather, ctx));
         Write(here / "ecalc$.flt", ComfortText(in.building, res, ctx));
         if (ctx.control.hourlyOutput) {

@@ -13,6 +13,9 @@ struct EngineRunOptions {
     int maxDays = 0;
     // SIGTERM, SIGINT and SIGHUP end the run leaving only its record.
     bool stopHandler = true;
+    // Zones stepped at once; 0: the machine's core count. The figures do not
+    // depend on it.
+    int threads = 0;
 };
 
 // Returns the exit status: 0 on success, 1 when the inputs could not be used

@@ -8,6 +8,7 @@
 #include "core/numeric_helpers.h"
 #include "core/unit_factors.h"
 #include "engine/assembly.h"
+#include "engine/daylighting.h"
 
 namespace solvane::engine {
 namespace {
@@ -142,16 +143,10 @@ double LightsRadiant(int lampType) {
 void NoteUnsimulatedZoneFields(const ProjectModel& m, int z, std::vector<std::string>& notes) {
     const auto& f = m.zones.ZoneData[z];
     std::vector<std::string> names;
-    if (NumVal(f[5]) > 0) names.push_back("the people's latent heat");
-    if (IsYes(m.zones.ZoneDaylight[z]))
-        names.push_back("daylighting (Daylight, DL Depth, Target FC)");
-    if (IsYes(m.zones.ZoneEconCycle[z])) names.push_back("economiser (Econ.Cycle)");
     const int hvac = static_cast<int>(NumVal(f[20]));
     if (hvac < 1 || hvac > 15)
         names.push_back("HVAC Type " + NumText(NumVal(f[20])) +
                         " (no such system: its cooling is counted unmet)");
-    if (NumVal(f[12]) > 0 || NumVal(f[29]) > 0 || NumVal(f[30]) > 0)
-        names.push_back("costs (Cost/sqft, 1st Cost, Maint Cost)");
     if (IsYes(m.zones.ZoneNatVent[z]) && NumVal(f[22]) <= 0)
         names.push_back("natural ventilation switched on with no rate (CFM/sqft.)");
     const SurfaceState& sf = m.surfaces;
@@ -223,15 +218,71 @@ Site ClimateSite(const std::string& line2) {
     return s;
 }
 
+namespace {
+
+// The daylit part of a zone (daylighting.h): DL Depth (ft) along the walls
+// with windows, the whole floor when it has skylights; Target FC in
+// foot-candles. A zone without windows or without a depth gets none.
+ZoneDaylighting DaylightingOf(const Zone& zone, const Building& b, const TextTable<kZoneFields>& f,
+                              double storey) {
+    ZoneDaylighting d;
+    const double depth = NumVal(f[24]) * kFtToM;
+    d.targetLux = NumVal(f[25]) * 10.76391;
+    double length = 0, side = 0, sideT = 0, roof = 0, roofT = 0;
+    for (const Surface& s : zone.surfaces) {
+        for (const Window& w : s.windows) {
+            const double t = b.windowTypes.at(w.type).visibleTransmittance;
+            if (s.tilt < 60) {
+                roof += w.area, roofT += t * w.area;
+            } else if (s.tilt <= 120) {
+                side += w.area, sideT += t * w.area;
+            }
+        }
+        bool windows = false;
+        for (const Window& w : s.windows) windows |= w.area > 0;
+        if (windows && s.tilt >= 60 && s.tilt <= 120) length += s.area / std::max(storey, 0.1);
+    }
+    if (zone.floorArea <= 0 || d.targetLux <= 0) return d;
+    double floor = 0, surfaces = 0, df = 0;
+    if (roof > 0) {  // skylights light the whole floor
+        floor = zone.floorArea;
+        const double perimeter = 4.0 * std::sqrt(floor);
+        surfaces = 2.0 * floor + perimeter * storey;
+        df = AverageDaylightFactor(roofT / roof, roof, 180.0, surfaces) +
+             AverageDaylightFactor(side > 0 ? sideT / side : 0, side, 90.0, surfaces);
+    } else if (side > 0 && depth > 0 && length > 0) {
+        floor = std::min(zone.floorArea, depth * length);
+        const double run = floor / depth;  // the daylit strip's length
+        surfaces = 2.0 * floor + 2.0 * storey * (run + depth);
+        df = AverageDaylightFactor(sideT / side, side, 90.0, surfaces);
+    }
+    d.share = floor / zone.floorArea;
+    d.daylightFactor = df;
+    return d;
+}
+
+}  // namespace
+
 ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
                                   const std::string& buildingMatrix) {
     ProjectRunInputs out;
-    const std::vector<LevelHeight> levels = ReadLevelHeights(buildingMatrix);
+    // The engine's copy of a project in SI holds I-P values but for two
+    // things the unit writer leaves as they are: the receptacle load (W per
+    // sq.m.) and the building matrix (metres). The head line's word says so.
+    const bool siProject = m.session.Units == 2;
+    std::vector<LevelHeight> levels = ReadLevelHeights(buildingMatrix);
+    if (siProject)
+        for (LevelHeight& lv : levels) lv.roomHeight *= UnitFactor::LengthSiToIp;
+    const double receptacleToIp = siProject ? UnitFactor::AreaIpToSi : 1.0;
     // The week follows the profiles' weekday, Saturday and Sunday rows.
     if (NumVal(m.ProjectData[kHolidays]) > 0)
         out.notes.push_back("Project: not simulated in this run: annual holidays (An Hldays)");
     Building& b = out.building;
     out.location = m.ProjectData[kLocation];
+    DesignConditions design;
+    if (DesignConditionsOf(m.climate.DesTemps[1], m.climate.DesTemps[2], m.climate.DesTemps[3],
+                           design))
+        out.design = design;
     const ClimateState& cl = m.climate;
     out.site = ClimateSite(cl.WeatherData[2]);
     if (out.site.latitude == 0 && cl.Latitude != 0) out.site.latitude = cl.Latitude;
@@ -325,7 +376,7 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
         zone.gains.peopleProfile = profileIndex(kOccupancy, f[6], 0.01, 0);
         zone.gains.lights = NumVal(f[13]) * areaFt2;
         zone.gains.lightsProfile = profileIndex(kLights, f[14], 0.01, 0);
-        zone.gains.equipment = NumVal(f[15]) * areaFt2;
+        zone.gains.equipment = NumVal(f[15]) * receptacleToIp * areaFt2;
         zone.gains.equipmentProfile = profileIndex(kReceptacles, f[16], 0.01, 0);
         zone.infiltrationAch = NumVal(f[23]);
         // Outdoor air by its prefix.
@@ -349,6 +400,8 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
             SystemOfType(static_cast<int>(NumVal(f[20])), static_cast<int>(NumVal(f[21])),
                          NumVal(f[27]), NumVal(f[28]), NumVal(f[26]));
         sys.fanProfile = zone.outdoorAirProfile;
+        sys.economizer = IsYes(m.zones.ZoneEconCycle[z]);
+        sys.economizerHighLimit = EconomizerHighLimit(m.session.ClimateZone);
         sys.hotWaterPerDay = people * std::max(NumVal(f[7]), 0.0) * kGallonToM3;
         sys.hotWaterProfile = profileIndex(kHotWater, f[8], 0.01, 0);
         if (!passive) {
@@ -492,6 +545,7 @@ ProjectRunInputs TranslateProject(const ProjectModel& m, int runType,
             out.notes.push_back("Zone " + zone.number + " has no surfaces; left out");
             continue;
         }
+        if (IsYes(m.zones.ZoneDaylight[z])) zone.daylight = DaylightingOf(zone, b, f, storey);
         b.zones.push_back(zone);
         out.systems.push_back(sys);
     }

@@ -2,12 +2,14 @@
 // the engine's building description, site and climate statistics.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "core/project_model.h"
 #include "engine/building.h"
 #include "engine/hvac_systems.h"
+#include "engine/sizing.h"
 #include "engine/synthetic_weather.h"
 #include "engine/weather_data.h"
 
@@ -20,6 +22,8 @@ struct ProjectRunInputs {
     MonthlyClimate climate;           // from the climate block
     std::string location;             // ProjectData [3]
     std::vector<std::string> notes;   // what was assumed or left out, for Monitor.txt
+    // The project's design temperatures ("DesTemps"), when all three are given.
+    std::optional<DesignConditions> design;
 };
 
 // Twelve numbers of a climate row (text after its label), blank separated.
@@ -68,7 +72,7 @@ std::vector<LevelHeight> ReadLevelHeights(const std::string& buildingMatrix);
 // - each zone's HVAC and heating types, efficiencies, fan static pressure
 //   and service hot water become its `systems` entry (hvac_systems.h);
 // - every field that this run does not simulate and that is set
-//   (daylighting, the economiser, costs, diffuse transmission, S/W/B, the
+//   (daylighting, the economiser, diffuse transmission, S/W/B, the
 //   people's latent heat) is named in `notes` with its zone.
 // `runType` 4 leaves every zone floating; 1 heats but does not cool.
 ProjectRunInputs TranslateProject(const ProjectModel& model, int runType,

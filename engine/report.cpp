@@ -3,32 +3,20 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
+#include <cstring>
 
 #include "core/line_writer.h"
 #include "core/numeric_helpers.h"
+#include "engine/report_costs.h"
+#include "engine/report_format.h"
 
 namespace solvane::engine {
 namespace {
 
-constexpr const char* kMonthName[12] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
-                                        "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
 constexpr double kWhToMBtu = 3.412141e-6;  // Wh -> MBtu
 constexpr double kWhToGJ = 3.6e-6;
 constexpr double kWToKBtuh = 3.412141e-3;
 constexpr double kM2ToFt2 = 10.76391;
-
-// A number right-aligned in `width` columns with `decimals` decimals.
-std::string Fixed(double v, int width, int decimals) {
-    char buf[64];
-    std::snprintf(buf, sizeof buf, "%.*f", decimals, v);
-    std::string s(buf);
-    if (s == "-0" || s.rfind("-0.", 0) == 0) {
-        bool zero = true;
-        for (char ch : s) zero &= (ch == '-' || ch == '0' || ch == '.');
-        if (zero) s.erase(0, 1);
-    }
-    return FormatField(s, std::string(static_cast<std::size_t>(width), '@'));
-}
 
 std::string HourText(int hourOfYear) {
     if (hourOfYear < 0) return "NONE";
@@ -38,6 +26,22 @@ std::string HourText(int hourOfYear) {
     std::snprintf(buf, sizeof buf, "%s %2d %02d:00", kMonthName[m], day - kMonthStartDay[m] + 1,
                   hour);
     return buf;
+}
+
+// The peak totals of the line under the component table, columns 30-44:
+// the charts of peak heating and of peak cooling both take their total
+// from there, so it carries both, "H" the heating and "C" the cooling
+// peak, each chart showing its own beside the other. Blanks, then
+// decimals give way to the width.
+std::string BothPeaks(double heat, double cool) {
+    char buf[64] = "";
+    for (int d = 2; d >= 0; --d) {
+        std::snprintf(buf, sizeof buf, "H %.*f C %.*f", d, heat, d, cool);
+        if (std::strlen(buf) <= 15) break;
+        std::snprintf(buf, sizeof buf, "H%.*f C%.*f", d, heat, d, cool);
+        if (std::strlen(buf) <= 15) break;
+    }
+    return FormatField(buf, "@@@@@@@@@@@@@@@");
 }
 
 double Temp(double c, bool si) {
@@ -78,6 +82,20 @@ const char* HeaterName(const ZoneSystem& s) {
     return "NONE";
 }
 
+// The likely cause of a zone's unmet hours: no plant for the load, or a
+// plant short of capacity in those hours (the sizing is at the peak hour's
+// conditions; a hotter hour, a wetter room or a heat pump's cold limit
+// leaves it short).
+std::string UnmetCause(const ZoneSystem& s, const ZoneSystemResults& o) {
+    std::string c;
+    if (o.unmetCoolingHours > 0)
+        c = s.cooling == CoolingPlant::None ? "NO COOLING PLANT" : "CLG CAPACITY SHORT";
+    if (o.unmetHeatingHours > 0)
+        c += std::string(c.empty() ? "" : ", ") +
+             (s.heating == HeatingPlant::None ? "NO HEATING PLANT" : "HTG CAPACITY SHORT");
+    return c.empty() ? "-" : c;
+}
+
 // VI.: each zone's sized plant and unmet hours, then the end uses by month
 // (electricity in kWh, fuel in the heating unit) and the peak electric
 // demand. Month rows start with a blank so that no reader takes them for
@@ -90,6 +108,19 @@ void SystemsSection(LineWriter& out, const Building& b, const RunResults& r,
     const double eUnit = si ? kWhToGJ : kWhToMBtu;
     out.Line("VI.  HVAC SYSTEMS, END USES AND PEAK ELECTRIC DEMAND");
     out.Line();
+    if (sys.sizedOnDesignDays) {
+        auto t = [&](double c) {
+            char buf[32];
+            std::snprintf(buf, sizeof buf, "%.1f", si ? c : c * 1.8 + 32.0);
+            return std::string(buf);
+        };
+        const char* u = si ? " C" : " F";
+        out.Line("    PLANT SIZED ON THE DESIGN DAYS: SUMMER " + t(sys.design.summerDryBulb) + u +
+                 " DRY BULB, " + t(sys.design.summerWetBulb) + u + " WET BULB; WINTER " +
+                 t(sys.design.winterDryBulb) + u + " (COOLING x 1.15, HEATING x 1.25)");
+    } else {
+        out.Line("    PLANT SIZED AT THE YEAR'S PEAK HOURS (COOLING x 1.15, HEATING x 1.25)");
+    }
     out.Text("    ZONE")
         .Column(30)
         .Text("TYPE")
@@ -109,10 +140,12 @@ void SystemsSection(LineWriter& out, const Building& b, const RunResults& r,
         .Text("UNMET CLG H")
         .Column(107)
         .Text("UNMET HTG H")
+        .Column(120)
+        .Text("LIKELY CAUSE")
         .EndLine();
     out.Column(54).Text(FormatField(si ? "KW" : "KBTUH", "@@@@@@@@"));
     out.Column(64).Text(FormatField(si ? "KW" : "KBTUH", "@@@@@@@@")).EndLine();
-    out.Line("    " + std::string(114, '-'));
+    out.Line("    " + std::string(128, '-'));
     for (std::size_t z = 0; z < sys.zones.size() && z < b.zones.size(); ++z) {
         const ZoneSystemResults& o = sys.zones[z];
         const ZoneSystem& s = z < systems.size() ? systems[z] : ZoneSystem{};
@@ -135,6 +168,8 @@ void SystemsSection(LineWriter& out, const Building& b, const RunResults& r,
             .Text(Fixed(o.unmetCoolingHours, 11, 0))
             .Column(107)
             .Text(Fixed(o.unmetHeatingHours, 11, 0))
+            .Column(120)
+            .Text(UnmetCause(s, o))
             .EndLine();
     }
     out.Line();
@@ -191,6 +226,50 @@ void SystemsSection(LineWriter& out, const Building& b, const RunResults& r,
     out.Line("    UNMET LOAD HOURS, ALL ZONES: COOLING " + std::to_string(unmetC) + ", HEATING " +
              std::to_string(unmetH));
     out.Line();
+    // Indoor humidity of the zone's air: the moisture balance's mean and
+    // highest relative humidity, and the hours above 60 %.
+    out.Line("    INDOOR HUMIDITY");
+    out.Text("    ZONE")
+        .Column(30)
+        .Text("MEAN RH %")
+        .Column(42)
+        .Text("MAX RH %")
+        .Column(53)
+        .Text("HOURS > 60 %")
+        .Column(68)
+        .Text(si ? "MEAN W G/KG" : "MEAN W GR/LB")
+        .Column(82)
+        .Text("COIL LATENT")
+        .Column(96)
+        .Text("ECONOMISER")
+        .EndLine();
+    out.Line("    " + std::string(102, '-'));
+    for (std::size_t z = 0; z < sys.zones.size() && z < b.zones.size(); ++z) {
+        const ZoneSystemResults& o = sys.zones[z];
+        double rh = 0, w = 0, latent = 0;
+        int hours = 0;
+        for (int m = 0; m < 12; ++m)
+            rh += o.rhSum[m], w += o.humidityRatioSum[m], hours += o.hours[m],
+                latent += o.coilLatent[m];
+        if (hours == 0) continue;
+        out.Text("    " + (b.zones[z].number.empty() ? r.zones[z].name : b.zones[z].number))
+            .Column(30)
+            .Text(Fixed(rh / hours, 9, 1))
+            .Column(42)
+            .Text(Fixed(o.maxRh, 8, 1))
+            .Column(53)
+            .Text(Fixed(o.hoursAboveRh60, 12, 0))
+            .Column(68)
+            .Text(Fixed(w / hours * (si ? 1000.0 : 7000.0), 11, 2))
+            .Column(82)
+            .Text(Fixed(latent / 1000.0 * (si ? 1.0 : 3.412142), 11, 0))
+            .Column(96)
+            .Text(Fixed(o.economizerCooling / 1000.0 * (si ? 1.0 : 3.412142), 10, 0))
+            .EndLine();
+    }
+    out.Line(std::string("    COIL LATENT: MOISTURE CONDENSED ON THE COOLING COIL; ECONOMISER: ") +
+             "COOLING LOAD TAKEN BY OUTDOOR AIR; " + (si ? "KWH" : "KBTU"));
+    out.Line();
 }
 
 }  // namespace
@@ -210,7 +289,8 @@ std::string MonitorText(const ReportContext& c, int zoneCount,
 }
 
 std::string SimOutText(const Building& b, const RunResults& r, const SystemsResults& sys,
-                       const std::vector<ZoneSystem>& systems, const ReportContext& c) {
+                       const std::vector<ZoneSystem>& systems, const ReportContext& c,
+                       const CostResults* costs) {
     LineWriter out;
     const bool si = c.si;
     const double eUnit = si ? kWhToGJ : kWhToMBtu;  // annual energy
@@ -253,13 +333,17 @@ std::string SimOutText(const Building& b, const RunResults& r, const SystemsResu
         "    HEATING: FUEL AND ELECTRICITY OF THE HEATING PLANT; COOLING: ELECTRICITY OF THE "
         "COOLING PLANT (SECTION VI.)");
     out.Line();
-    out.Line("MONTHLY HEATING AND COOLING");
+    out.Text("MONTHLY HEATING AND COOLING");
+    if (costs) out.Column(63).Text("ELECTRIC DEMAND, WATER AND UTILITY COSTS AT FIRST-YEAR PRICES");
+    out.EndLine();
     out.Text("   ").Column(4).Text(FormatField(eName, "@@@@@@@@"));
     out.Column(13).Text(FormatField(pName, "@@@@@@@@@"));
     out.Column(22).Text(FormatField(pName, "@@@@@@@@@"));
     out.Column(31).Text(FormatField("KWH", "@@@@@@@@@"));
     out.Column(41).Text(FormatField(eName, "@@@@@@@@@@"));
-    out.Column(52).Text(FormatField(eName, "@@@@@@@@@@")).EndLine();
+    out.Column(52).Text(FormatField(eName, "@@@@@@@@@@"));
+    if (costs) CostColumnUnits(out, si);
+    out.EndLine();
     out.Text("MTH")
         .Column(4)
         .Text(" HEATING")
@@ -272,9 +356,11 @@ std::string SimOutText(const Building& b, const RunResults& r, const SystemsResu
         .Column(41)
         .Text(" HTG. LOAD")
         .Column(52)
-        .Text(" CLG. LOAD")
-        .EndLine();
-    out.Line(std::string(61, '-'));
+        .Text(" CLG. LOAD");
+    if (costs) CostColumnNames(out);
+    out.EndLine();
+    const std::size_t ruleWidth = costs ? 122 : 61;
+    out.Line(std::string(ruleWidth, '-'));
     out.Line();
     int firstMonth = MonthOfDay(std::clamp(c.control.beginDay, 1, 365) - 1);
     int lastMonth = MonthOfDay(std::clamp(c.control.endDay, 1, 365) - 1);
@@ -285,14 +371,23 @@ std::string SimOutText(const Building& b, const RunResults& r, const SystemsResu
         out.Column(22).Text(Fixed(peakC[m] * pUnit, 9, 2));
         out.Column(31).Text(Fixed(coolElec[m] / 1000.0, 9, 0));
         out.Column(41).Text(Fixed(heatLoad[m] * eUnit, 10, 3));
-        out.Column(52).Text(Fixed(coolLoad[m] * eUnit, 10, 3)).EndLine();
+        out.Column(52).Text(Fixed(coolLoad[m] * eUnit, 10, 3));
+        if (costs) CostColumns(out, costs->month[m], si);
+        out.EndLine();
         totH += heatEnergy[m], totC += coolElec[m], totHL += heatLoad[m], totCL += coolLoad[m];
     }
-    out.Line(std::string(61, '='));
+    out.Line(std::string(ruleWidth, '='));
     out.Text("TOT").Column(4).Text(Fixed(totH * eUnit, 8, 3));
     out.Column(31).Text(Fixed(totC / 1000.0, 9, 0));
     out.Column(41).Text(Fixed(totHL * eUnit, 10, 3));
-    out.Column(52).Text(Fixed(totCL * eUnit, 10, 3)).EndLine();
+    out.Column(52).Text(Fixed(totCL * eUnit, 10, 3));
+    if (costs) {
+        CostTotalsOnEnergyLine(out, costs->Period(), si);
+        out.EndLine();
+        CostTotalsLine(out, costs->Period());
+    } else {
+        out.EndLine();
+    }
     out.Line();
     // Site energy by category: heating (fuel and electricity), cooling
     // with its pumps, lights, receptacles, fans, service hot water.
@@ -425,10 +520,12 @@ std::string SimOutText(const Building& b, const RunResults& r, const SystemsResu
     out.Line();
     out.Line("    PEAK HEATING AT " + HourText(peakHeatHour) + ", PEAK COOLING AT " +
              HourText(peakCoolHour) + " (HOUR ENDING, STANDARD TIME)");
-    out.Line("    HEATING COLUMNS COUNT LOSSES POSITIVE, COOLING COLUMNS GAINS POSITIVE");
+    out.Line(
+        "    HEATING COLUMNS COUNT LOSSES POSITIVE, COOLING COLUMNS GAINS POSITIVE; PEAK TOTALS "
+        "BELOW: H HEATING, C COOLING");
     out.Line();
     out.Line(std::string(130, '-'));
-    out.Text("TOTAL LOADS").Column(30).Text(Fixed(peakHeat * pUnit, 8, 2));
+    out.Text("TOTAL LOADS").Column(30).Text(BothPeaks(peakHeat * pUnit, peakCool * pUnit));
     out.Column(46).Text(HourText(peakHeatHour));
     out.Column(100).Text(Fixed(annH * eUnit, 8, 3));
     out.Column(117).Text(Fixed(annC * eUnit, 8, 3)).EndLine();
@@ -501,6 +598,7 @@ std::string SimOutText(const Building& b, const RunResults& r, const SystemsResu
     }
     out.Line();
     SystemsSection(out, b, r, sys, systems, c, firstMonth, lastMonth);
+    if (costs) CostSection(out, *costs, c);
     return out.Str();
 }
 

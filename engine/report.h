@@ -12,7 +12,9 @@
 // Monthly table (head line "MONTHLY..."; four lines, then "JAN".."DEC"):
 //   heating energy 4-11, cooling electricity in kWh 31-39; a rule of "="
 //   and the totals line in the same columns.
+//   Utility costs in the same table: see report_costs.h.
 // Section VI (after V.): zones' plant, end uses by month, peak demand.
+// Section VII: the cost analysis (report_costs.h).
 #pragma once
 
 #include <string>
@@ -20,6 +22,7 @@
 
 #include "engine/building.h"
 #include "engine/control_file.h"
+#include "engine/costs.h"
 #include "engine/hvac_systems.h"
 #include "engine/simulation.h"
 #include "engine/weather_data.h"
@@ -36,9 +39,11 @@ struct ReportContext {
 
 std::string MonitorText(const ReportContext& c, int zoneCount,
                         const std::vector<std::string>& notes, const std::string& status);
-// Sections III to VI; the energy comes from the systems model.
+// Sections III to VII; the energy comes from the systems model. Without
+// `costs` the monthly table has no cost columns and VII. is left out.
 std::string SimOutText(const Building& b, const RunResults& r, const SystemsResults& sys,
-                       const std::vector<ZoneSystem>& systems, const ReportContext& c);
+                       const std::vector<ZoneSystem>& systems, const ReportContext& c,
+                       const CostResults* costs = nullptr);
 std::string WeatherSummaryText(const WeatherYear& w, const ReportContext& c);
 std::string ComfortText(const Building& b, const RunResults& r, const ReportContext& c);
 // Hourly files as comma-separated tables: loads, zone temperatures, weather.

@@ -10,9 +10,9 @@
 namespace solvane::engine {
 
 // Every file the engine writes, Monitor.txt first.
-inline constexpr std::array<const char*, 7> kEngineOutputs = {
+inline constexpr std::array<const char*, 8> kEngineOutputs = {
     "Monitor.txt", "sim$.out",   "ecalc$.wth", "ecalc$.flt",
-    "ecalc$.hry",  "etemp$.hry", "eweth$.hry"};
+    "ecalc$.hry",  "etemp$.hry", "eweth$.hry", "Progress.txt"};
 
 // Removes the outputs in `dir` except Monitor.txt when `keepMonitor` is set;
 // a file that is not there is no failure.

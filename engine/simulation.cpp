@@ -1,10 +1,14 @@
 #include "engine/simulation.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <limits>
+#include <mutex>
 #include <stdexcept>
 
+#include "engine/daylighting.h"
+#include "engine/parallel_for.h"
 #include "engine/sun.h"
 #include "engine/zone_state.h"
 
@@ -408,36 +412,43 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                                                  }()
                                                : GroundTemperatures(w, 0.5);
 
-    // Hourly per-face scratch of the zone being stepped (absorbed outside
-    // solar W/m2, inside sources W).
-    std::vector<double> outsideSolar, src;
-    std::vector<WindowSolar> windowSolar;
-    std::vector<std::array<int, 12>> monthHours(zs.size());
-    std::vector<double> tempSum(zs.size(), 0.0);
-    std::vector<int> tempCount(zs.size(), 0);
-    std::vector<std::array<double, 12>> monthTempSum(zs.size());
+    const int begin = std::clamp(opt.beginDay, 1, 365) - 1;
+    const int end = std::clamp(opt.endDay, opt.beginDay, 365) - 1;
+    const int threads = ThreadCount(opt.threads);
 
-    auto runDay = [&](int day, bool record) {
-        const int month = MonthOfDay(day);
-        const int weekday = (opt.firstWeekday + day) % 7;
-        const bool skipped = opt.skipMonth[month];
+    // What the zones share in an hour, for every hour of the period (the
+    // warm-up days are its first days): sky temperature and wind direction,
+    // irradiance on each plane, solar through each kind of window per m2 of
+    // glazing, and the weather of each step.
+    struct StepWeather {
+        double tOut, pressure, powW, powL;
+    };
+    struct SharedHour {
+        double tSky, windCos, windSin, groundDiffuseBase;
+    };
+    const std::size_t nOrients = orients.size(), nKinds = windowKinds.size();
+    const int periodHours = (end - begin + 1) * 24;
+    std::vector<SharedHour> sharedHours(static_cast<std::size_t>(periodHours));
+    std::vector<SurfaceIrradiance> sharedIrradiance(periodHours * nOrients);
+    std::vector<WindowSolar> sharedWindowSolar(periodHours * nKinds);
+    std::vector<StepWeather> sharedSteps(static_cast<std::size_t>(periodHours) * steps);
+    ParallelFor(end - begin + 1, threads, [&](int d) {
+        const int day = begin + d;
         for (int hour = 0; hour < 24; ++hour) {
             const int hi = day * 24 + hour;
+            const std::size_t at = static_cast<std::size_t>(d) * 24 + hour;
             const WeatherHour& wh = w.hours[hi];
             const WeatherHour& wp = w.hours[hi == 0 ? kHoursPerYear - 1 : hi - 1];
             const SunPosition sun = HourSunPosition(day + 1, hour + 1, w.site.latitude,
                                                     w.site.longitude, w.site.timeZone);
             const SkyState sky =
                 MakeSkyState(sun, wh.directNormal, wh.diffuseHorizontal, wh.globalHorizontal);
-            const double tSky =
-                std::pow(std::max(wh.horizontalInfrared, 1.0f) / kSigma, 0.25) - kKelvin;
-            std::vector<SurfaceIrradiance> irr(orients.size());
-            for (std::size_t o = 0; o < orients.size(); ++o)
+            SurfaceIrradiance* irr = sharedIrradiance.data() + at * nOrients;
+            for (std::size_t o = 0; o < nOrients; ++o)
                 irr[o] = IrradianceOn(sky, orients[o].normal, 0.0);
             const double groundDiffuseBase = sky.globalHorizontal;
-            // Solar through each kind of window, per m2 of glazing.
-            windowSolar.resize(windowKinds.size());
-            for (std::size_t a = 0; a < windowKinds.size(); ++a) {
+            WindowSolar* windowSolar = sharedWindowSolar.data() + at * nKinds;
+            for (std::size_t a = 0; a < nKinds; ++a) {
                 const WindowKind& x = windowKinds[a];
                 const SurfaceIrradiance& ir = irr[x.orientation];
                 const double groundDiffuse =
@@ -452,39 +463,80 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 windowSolar[a] = {tb * beam * blind, op.diffuseTransmittance * diff * blind,
                                   (ab * beam + op.diffuseAbsorbedInward * diff) * blind};
             }
-            const double windCos = std::cos(wh.windDirection * kDeg);
-            const double windSin = std::sin(wh.windDirection * kDeg);
-            // Step values the zones share: outdoor temperature, pressure and
+            sharedHours[at] = {
+                std::pow(std::max(wh.horizontalInfrared, 1.0f) / kSigma, 0.25) - kKelvin,
+                std::cos(wh.windDirection * kDeg), std::sin(wh.windDirection * kDeg),
+                groundDiffuseBase};
+            // The step's outdoor temperature and pressure, interpolated, and
             // the wind's powers for the convection correlation.
-            struct StepWeather {
-                double tOut, pressure, powW, powL;
-            };
-            std::array<StepWeather, 60> stepWeather{};
             for (int k = 1; k <= steps; ++k) {
                 const double frac = static_cast<double>(k) / steps;
                 const double wind = wp.windSpeed + (wh.windSpeed - wp.windSpeed) * frac;
-                stepWeather[k - 1] = {wp.dryBulb + (wh.dryBulb - wp.dryBulb) * frac,
-                                      wp.pressure + (wh.pressure - wp.pressure) * frac,
-                                      wind > 0 ? std::pow(wind, 0.89) : 0.0,
-                                      wind > 0 ? std::pow(wind, 0.617) : 0.0};
+                sharedSteps[at * steps + k - 1] = {wp.dryBulb + (wh.dryBulb - wp.dryBulb) * frac,
+                                                   wp.pressure + (wh.pressure - wp.pressure) * frac,
+                                                   wind > 0 ? std::pow(wind, 0.89) : 0.0,
+                                                   wind > 0 ? std::pow(wind, 0.617) : 0.0};
             }
+        }
+    });
 
-            for (std::size_t z = 0; z < b.zones.size(); ++z) {
-                const Zone& zone = b.zones[z];
-                ZoneState& st = zs[z];
-                ZoneResults& zr = res.zones[z];
-                const std::size_t ns = st.surfaces.size();
+    // Zones exchange no heat with one another: each runs its days on its
+    // own, on whichever thread takes it, with its own scratch and tallies.
+    struct ZoneTally {
+        double tempSum = 0;
+        int tempCount = 0;
+        std::array<double, 12> monthTempSum{};
+        std::array<int, 12> monthHours{};
+    };
+    std::vector<ZoneTally> tallies(zs.size());
+    // Progress of the period in whole days: the zone-days done over the zone
+    // count, told under a lock so the days told never go back.
+    std::atomic<long> zoneDaysDone{0};
+    std::mutex progressLock;
+    int daysTold = 0;
+    auto zoneDayDone = [&] {
+        if (!opt.onDay) return;
+        const long count = static_cast<long>(std::max<std::size_t>(zs.size(), 1));
+        const long done = ++zoneDaysDone;
+        if (done % count != 0) return;
+        const std::lock_guard<std::mutex> hold(progressLock);
+        const int days = static_cast<int>(done / count);
+        if (days <= daysTold) return;
+        daysTold = days;
+        opt.onDay(days, end - begin + 1);
+    };
+    auto runZoneDays = [&](std::size_t z, int firstDay, int lastDay, bool record) {
+        const Zone& zone = b.zones[z];
+        ZoneState& st = zs[z];
+        ZoneResults& zr = res.zones[z];
+        ZoneTally& tally = tallies[z];
+        const std::size_t ns = st.surfaces.size();
+        // Per-face scratch of the hour: absorbed outside solar (W/m2) and
+        // inside sources (W).
+        std::vector<double> outsideSolar(ns), src(ns);
+        double held = record ? detail::StoredHeat(st, dt) : 0.0;
+        for (int day = firstDay; day <= lastDay; ++day) {
+            const int month = MonthOfDay(day);
+            const int weekday = (opt.firstWeekday + day) % 7;
+            const bool skipped = opt.skipMonth[month];
+            for (int hour = 0; hour < 24; ++hour) {
+                const int hi = day * 24 + hour;
+                const std::size_t at = static_cast<std::size_t>(day - begin) * 24 + hour;
+                const SharedHour& sh = sharedHours[at];
+                const SurfaceIrradiance* irr = sharedIrradiance.data() + at * nOrients;
+                const WindowSolar* windowSolar = sharedWindowSolar.data() + at * nKinds;
+                const StepWeather* stepWeather = sharedSteps.data() + at * steps;
+                const double tSky = sh.tSky, windCos = sh.windCos, windSin = sh.windSin;
+                const double groundDiffuseBase = sh.groundDiffuseBase;
                 // Outside solar of the sunlit faces; `src` starts as the solar
                 // absorbed in the windows.
-                outsideSolar.resize(ns);
-                src.resize(ns);
                 double beamIn = 0, diffuseIn = 0;
                 for (std::size_t i = 0; i < ns; ++i) {
                     const HeatSurface& h = st.surfaces[i];
                     src[i] = 0.0;
                     if (h.orientation < 0) continue;
                     if (h.isWindow) {
-                        const auto& ws = windowSolar[h.windowKind];
+                        const WindowSolar& ws = windowSolar[h.windowKind];
                         beamIn += ws.beamIn * h.area;
                         diffuseIn += ws.diffuseIn * h.area;
                         src[i] = ws.absorbed * h.area;
@@ -498,7 +550,15 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 auto prof = [&](int p) { return p < 0 ? 1.0 : b.profiles[p].At(weekday, hour); };
                 const ZoneGains& g = zone.gains;
                 const double people = g.peopleSensible * prof(g.peopleProfile);
-                const double lights = g.lights * prof(g.lightsProfile);
+                // Daylighting dims the lights of the daylit part (daylighting.h).
+                double dimmed = 1.0;
+                if (zone.daylight.share > 0 && zone.daylight.targetLux > 0) {
+                    const double lux = zone.daylight.daylightFactor / 100.0 * wh.diffuseHorizontal *
+                                       kSkyLuminousEfficacy;
+                    dimmed = 1.0 - zone.daylight.share *
+                                       (1.0 - DimmedPowerFraction(lux, zone.daylight.targetLux));
+                }
+                const double lights = g.lights * prof(g.lightsProfile) * dimmed;
                 const double equip = g.equipment * prof(g.equipmentProfile);
                 const double radiant = people * g.peopleRadiant + lights * g.lightsRadiant +
                                        equip * g.equipmentRadiant;
@@ -541,7 +601,7 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
 
                 double hourQh = 0, hourQc = 0, hourT = 0;
                 std::array<double, kComponentCount> heatComp{}, coolComp{};
-                double hIn = 0, hOut = 0, hStored = 0;
+                double hIn = 0, hOut = 0;
                 // Films once an hour, from the first step's weather and the
                 // last temperatures.
                 in.tOut = stepWeather[0].tOut;
@@ -578,9 +638,13 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                     }
                     hIn += r.in * invSteps;
                     hOut += r.out * invSteps;
-                    hStored += r.stored * invSteps;
                 }
                 if (!record) continue;
+                // What the zone stored over the hour: the change of what it
+                // holds, as the mean of the hour in W (= Wh).
+                const double heldNow = detail::StoredHeat(st, dt);
+                const double hStored = (heldNow - held) * invSteps;
+                held = heldNow;
                 // Hour totals (W over one hour = Wh).
                 if (opt.keepHourly) {
                     zr.airTemperature[hi] = static_cast<float>(hourT);
@@ -621,10 +685,10 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                     zr.maxTemperature = hourT, zr.maxTemperatureHour = hi;
                 if (hourT < zr.minTemperature)
                     zr.minTemperature = hourT, zr.minTemperatureHour = hi;
-                tempSum[z] += hourT;
-                ++tempCount[z];
-                monthTempSum[z][month] += hourT;
-                ++monthHours[z][month];
+                tally.tempSum += hourT;
+                ++tally.tempCount;
+                tally.monthTempSum[month] += hourT;
+                ++tally.monthHours[month];
                 zr.monthlyMaxTemperature[month] = std::max(zr.monthlyMaxTemperature[month], hourT);
                 zr.monthlyMinTemperature[month] = std::min(zr.monthlyMinTemperature[month], hourT);
                 if (hourT < opt.comfortLower) {
@@ -638,20 +702,21 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                     ++zr.monthlyHoursWithin[month];
                 }
             }
+            if (record) zoneDayDone();
         }
     };
 
-    const int begin = std::clamp(opt.beginDay, 1, 365) - 1;
-    const int end = std::clamp(opt.endDay, opt.beginDay, 365) - 1;
     // Warm-up: the first days of the period, repeated until the state at the
     // end of two passes agrees within 0.01 K: the air and both faces of every
     // construction (an air temperature held at its set-point says nothing of
     // whether the walls have settled).
+    const int zoneCount = static_cast<int>(zs.size());
     const int warmDays = std::min(opt.warmupDays, end - begin + 1);
     if (warmDays > 0) {
         std::vector<double> last;
         for (int pass = 0; pass < 8; ++pass) {
-            for (int d = begin; d < begin + warmDays; ++d) runDay(d, false);
+            ParallelFor(zoneCount, threads,
+                        [&](int z) { runZoneDays(z, begin, begin + warmDays - 1, false); });
             std::vector<double> state;
             for (const auto& zone : zs) {
                 state.push_back(zone.tAir);
@@ -667,15 +732,16 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
             if (change < 0.01) break;
         }
     }
-    for (int d = begin; d <= end; ++d) runDay(d, true);
+    ParallelFor(zoneCount, threads, [&](int z) { runZoneDays(z, begin, end, true); });
     res.hoursSimulated = (end - begin + 1) * 24;
     for (std::size_t z = 0; z < zs.size(); ++z) {
         ZoneResults& zr = res.zones[z];
-        zr.meanTemperature = tempCount[z] ? tempSum[z] / tempCount[z] : 0;
+        const ZoneTally& t = tallies[z];
+        zr.meanTemperature = t.tempCount ? t.tempSum / t.tempCount : 0;
         for (int m = 0; m < 12; ++m) {
             zr.monthlyMeanTemperature[m] =
-                monthHours[z][m] ? monthTempSum[z][m] / monthHours[z][m] : 0.0;
-            if (!monthHours[z][m]) zr.monthlyMaxTemperature[m] = zr.monthlyMinTemperature[m] = 0;
+                t.monthHours[m] ? t.monthTempSum[m] / t.monthHours[m] : 0.0;
+            if (!t.monthHours[m]) zr.monthlyMaxTemperature[m] = zr.monthlyMinTemperature[m] = 0;
         }
     }
     return res;

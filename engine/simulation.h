@@ -26,6 +26,13 @@
 // are evaluated once an hour, so the later steps of an hour reuse the
 // reduced chains and cost multiply-adds only.
 //
+// Zones exchange no heat with one another, so each runs its days on its own:
+// what they share (sun, sky, irradiance of each plane, solar through each
+// kind of window, the weather of each step) is computed first for every hour
+// of the period, then the zones are handed out to `RunOptions::threads`
+// threads. A zone's figures come from the same operations in the same order
+// on any thread, so they do not depend on the thread count.
+//
 // Energy balance: every step the heat that crosses the zone's boundary
 // (outside faces of its constructions, absorbed solar, internal gains, air
 // exchange, the ideal system) is summed against the change of what the air
@@ -33,6 +40,7 @@
 #pragma once
 
 #include <array>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -69,6 +77,9 @@ struct RunOptions {
     double comfortUpper = 27.0;        // C
     int warmupDays = 10;               // run before the period, repeated until settled
     bool keepHourly = true;            // keep the 8760 hourly series
+    int threads = 0;                   // zones stepped at once; 0: the machine's core count
+    // Told after each day of the period (not the warm-up), from any thread: days done, days in all.
+    std::function<void(int done, int total)> onDay;
 };
 
 struct ZoneResults {

@@ -5,8 +5,16 @@
 
 namespace solvane::engine {
 
-SunPosition SolarPosition(int dayOfYear, double standardHour, double latitudeDeg,
-                          double longitudeDeg, double timeZoneHours) {
+namespace {
+
+// What a day fixes of the sun's position (Spencer 1971): declination,
+// equation of time and the earth-sun distance factor, with the site's
+// latitude and clock offset.
+struct SunOfDay {
+    double sinDecl, cosDecl, sinPhi, cosPhi, clockToSolar, distance;
+};
+
+SunOfDay DaySun(int dayOfYear, double latitudeDeg, double longitudeDeg, double timeZoneHours) {
     const double g = 2.0 * kPiD * (dayOfYear - 1) / 365.0;
     const double decl = 0.006918 - 0.399912 * std::cos(g) + 0.070257 * std::sin(g) -
                         0.006758 * std::cos(2 * g) + 0.000907 * std::sin(2 * g) -
@@ -15,29 +23,49 @@ SunPosition SolarPosition(int dayOfYear, double standardHour, double latitudeDeg
                                         0.014615 * std::cos(2 * g) - 0.040849 * std::sin(2 * g));
     const double distance = 1.000110 + 0.034221 * std::cos(g) + 0.001280 * std::sin(g) +
                             0.000719 * std::cos(2 * g) + 0.000077 * std::sin(2 * g);
-    const double solarHour =
-        standardHour + (4.0 * (longitudeDeg - 15.0 * timeZoneHours) + eotMinutes) / 60.0;
-    const double omega = 15.0 * kDeg * (solarHour - 12.0);
     const double phi = latitudeDeg * kDeg;
+    return {std::sin(decl),
+            std::cos(decl),
+            std::sin(phi),
+            std::cos(phi),
+            (4.0 * (longitudeDeg - 15.0 * timeZoneHours) + eotMinutes) / 60.0,
+            distance};
+}
+
+// The direction of the sun at a clock time of the day; the zenith angle is
+// left to the caller.
+SunPosition SunAt(const SunOfDay& d, double standardHour) {
+    const double omega = 15.0 * kDeg * (standardHour + d.clockToSolar - 12.0);
+    const double cosOmega = std::cos(omega);
     SunPosition s;
-    s.up = std::sin(phi) * std::sin(decl) + std::cos(phi) * std::cos(decl) * std::cos(omega);
-    s.east = -std::cos(decl) * std::sin(omega);
-    s.north = std::sin(decl) * std::cos(phi) - std::cos(decl) * std::sin(phi) * std::cos(omega);
-    s.zenith = std::acos(std::clamp(s.up, -1.0, 1.0));
-    s.extraterrestrial = 1367.0 * distance;
+    s.up = d.sinPhi * d.sinDecl + d.cosPhi * d.cosDecl * cosOmega;
+    s.east = -d.cosDecl * std::sin(omega);
+    s.north = d.sinDecl * d.cosPhi - d.cosDecl * d.sinPhi * cosOmega;
+    s.extraterrestrial = 1367.0 * d.distance;
     s.aboveHorizon = s.up > 0;
+    return s;
+}
+
+}  // namespace
+
+SunPosition SolarPosition(int dayOfYear, double standardHour, double latitudeDeg,
+                          double longitudeDeg, double timeZoneHours) {
+    SunPosition s =
+        SunAt(DaySun(dayOfYear, latitudeDeg, longitudeDeg, timeZoneHours), standardHour);
+    s.zenith = std::acos(std::clamp(s.up, -1.0, 1.0));
     return s;
 }
 
 SunPosition HourSunPosition(int dayOfYear, int hourEnding, double latitudeDeg, double longitudeDeg,
                             double timeZoneHours) {
     constexpr int kSamples = 8;
+    const SunOfDay day = DaySun(dayOfYear, latitudeDeg, longitudeDeg, timeZoneHours);
     double e = 0, n = 0, u = 0;
     int up = 0;
     SunPosition last;
     for (int k = 0; k < kSamples; ++k) {
         const double t = hourEnding - 1 + (k + 0.5) / kSamples;
-        last = SolarPosition(dayOfYear, t, latitudeDeg, longitudeDeg, timeZoneHours);
+        last = SunAt(day, t);
         if (last.up > 0) {
             e += last.east, n += last.north, u += last.up;
             ++up;
@@ -45,6 +73,7 @@ SunPosition HourSunPosition(int dayOfYear, int hourEnding, double latitudeDeg, d
     }
     SunPosition s = last;
     if (up == 0) {
+        s.zenith = std::acos(std::clamp(s.up, -1.0, 1.0));
         s.aboveHorizon = false;
         return s;
     }

@@ -62,7 +62,7 @@ struct HeatSurface {
 // The coefficients of one face that a step reads. The face's chain is its
 // outside face (temperature t0), its inside face (ts) and, between them,
 // m = n - 2 interior nodes held as modes (chain_modes.h) at begin..begin+m-1
-// of the zone's mode arrays. A one-node chain (a window, a thin massless
+// of the zone's modes. A one-node chain (a window, a thin massless
 // layer) keeps t0 equal to ts.
 struct FaceStep {
     int begin = 0, n = 1, m = 0;
@@ -86,8 +86,22 @@ struct FaceStep {
     // Node 1 and node n-2 before the step, less their parts from the new
     // faces: sum alpha_i z_i and sum beta_i z_i (see ChainModes).
     double A1 = 0, AL = 0;
-    // Of the current step.
-    double E = 0, hoTe = 0, P = 0;
+    // The next step's outside face and right-hand side split into what the
+    // state gives and what the outdoor temperature adds, T_0 = P + q T_s with
+    // P = Ps + pT Tout, and E = Es + eT Tout: Ps and Es are set when a step
+    // ends (or the films change), pT and eT hold through the hour.
+    double Ps = 0, Es = 0, pT = 0, eT = 0;
+    // Held through the hour for the step's flows: the face's gain to the room
+    // is gainFactor T_s less the component's sums (ZoneState), its flow in
+    // from outside outAir Tout + outFix - outT0 T_0.
+    double gainFactor = 0, outAir = 0, outFix = 0, outT0 = 0;
+};
+
+// One mode of a chain's interior: its amplitude, decay, drive by the two
+// faces, weights of node 1 and node n-2, and stored heat (see ChainModes).
+// Held together, so that a face's few modes are one short stretch of memory.
+struct ModeStep {
+    double z = 0, lambda = 0, lp = 0, ls = 0, alpha = 0, beta = 0, gamma = 0;
 };
 
 // What the hourly outside film of a face under the weather reads (faces
@@ -114,13 +128,19 @@ struct ZoneState {
     std::vector<FaceStep> faces;
     std::vector<OutsideFilm> outsideFilms;
     std::vector<GroundFace> groundFaces;
-    // Mode arrays of all chains (see ChainModes): amplitude, decay, drive
-    // by the two faces, weights of node 1 and node n-2, stored heat.
-    std::vector<double> z, lambda, lp, ls, alpha, beta, gamma;
+    // Modes of all chains, face after face (see ChainModes).
+    std::vector<ModeStep> modes;
     double airCapacity = 0;  // J/K
     double tAir = 20, tAirOld = 20, tStar = 20;
     double m1 = 0, m2 = 0, a1 = 0, a2 = 0;  // zone sums held through the hour
-    double srcIn = 0, srcOut = 0;           // the faces' inside sources of the hour, W in and out
+    // The star and air equations' sums of the faces' E (see FaceStep): the
+    // state's part for the next step, and the outdoor temperature's factor.
+    double m0State = 0, a0State = 0, m0Out = 0, a0Out = 0;
+    // By component, through the hour: sum of area hc, of area hr and of the
+    // inside sources (a component's gain is sum gainFactor T_s - Ta sum A hc
+    // - Tm sum A hr - sum src).
+    std::array<double, kComponentCount> componentHc{}, componentHr{}, componentSrc{};
+    double srcIn = 0, srcOut = 0;  // the faces' inside sources of the hour, W in and out
 };
 
 // What one zone sees in one step.
@@ -139,7 +159,7 @@ struct StepResult {
     double q = 0;  // ideal system, W, heating positive
     double tAir = 0;
     std::array<double, kComponentCount> gains{};  // W into the zone
-    double in = 0, out = 0, stored = 0;           // W across the zone's boundary
+    double in = 0, out = 0;                       // W across the zone's boundary
 };
 
 NaturalFactors NaturalFactorsFor(double cosUp);
@@ -157,5 +177,10 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
 
 // One step of a zone with the coefficients of the last refresh.
 StepResult StepZone(ZoneState& z, const StepInputs& in, double dt);
+
+// The heat the zone holds (air and every node), in W over one step of `dt`
+// (J / dt) from 0 C: the stored heat of a stretch of steps is the change of
+// it, divided by the number of steps for the stretch's mean in W.
+double StoredHeat(const ZoneState& z, double dt);
 
 }  // namespace solvane::engine::detail

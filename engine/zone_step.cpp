@@ -77,12 +77,26 @@ void ReduceChain(FaceStep& f) {
     }
 }
 
+namespace {
+
+// The state's part of the next step's outside face and right-hand side
+// (FaceStep::Ps, Es) from the face temperatures and modes now.
+void SetNext(FaceStep& f) {
+    if (f.n == 1) {
+        f.Es = f.cap0 * f.ts + f.hoFix + f.srcPerArea;
+    } else {
+        f.Ps = (f.cap0 * f.t0 + f.hoFix + f.k0 * f.A1) * f.pInv;
+        f.Es = f.capL * f.ts + f.kl * (f.AL + f.GL * f.Ps) + f.srcPerArea;
+    }
+}
+
+}  // namespace
+
 void PackFaces(ZoneState& z, double dt) {
     std::size_t modes = 0;
     for (const HeatSurface& h : z.surfaces)
         modes += std::max<std::size_t>(h.chain.capacity.size(), 2) - 2;
-    for (std::vector<double>* v : {&z.z, &z.lambda, &z.lp, &z.ls, &z.alpha, &z.beta, &z.gamma})
-        v->assign(modes, 0.0);
+    z.modes.assign(modes, ModeStep{});
     z.faces.assign(z.surfaces.size(), FaceStep{});
     z.outsideFilms.clear();
     z.groundFaces.clear();
@@ -110,15 +124,16 @@ void PackFaces(ZoneState& z, double dt) {
         f.G1 = cm.G1, f.B1 = cm.B1, f.GL = cm.GL, f.BL = cm.BL;
         for (int j = 0; j < f.m; ++j) {
             const std::size_t at = static_cast<std::size_t>(begin + j);
-            z.lambda[at] = cm.lambda[j];
-            z.lp[at] = cm.lp[j];
-            z.ls[at] = cm.ls[j];
-            z.alpha[at] = cm.alpha[j];
-            z.beta[at] = cm.beta[j];
-            z.gamma[at] = cm.gamma[j];
+            ModeStep& mode = z.modes[at];
+            mode.lambda = cm.lambda[j];
+            mode.lp = cm.lp[j];
+            mode.ls = cm.ls[j];
+            mode.alpha = cm.alpha[j];
+            mode.beta = cm.beta[j];
+            mode.gamma = cm.gamma[j];
             double amplitude = 0;  // every node at 20 C
             for (int c = 0; c < f.m; ++c) amplitude += cm.toModes[j * f.m + c] * 20.0;
-            z.z[at] = amplitude;
+            mode.z = amplitude;
             f.A1 += cm.alpha[j] * amplitude;
             f.AL += cm.beta[j] * amplitude;
         }
@@ -181,6 +196,8 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
     }
     // Inside face: diag T_s = rhs + hc (Ta - T_s) + hr (Tm - T_s) + source.
     double m1 = 0, m2 = 0, a1 = 0, a2 = 0, srcIn = 0, srcOut = 0;
+    double m0State = 0, a0State = 0, m0Out = 0, a0Out = 0;
+    std::array<double, kComponentCount> componentHc{}, componentHr{}, componentSrc{};
     const double tAir = z.tAir;
     const std::size_t count = z.faces.size();
     FaceStep* faces = z.faces.data();
@@ -201,30 +218,33 @@ void RefreshFilms(ZoneState& z, const StepInputs& in, const double* outsideSolar
         m2 += A * hr * (w * hr - 1.0);
         a1 -= A * hc * (w * hc - 1.0);
         a2 -= f.airWeight * hr;
+        // The outdoor temperature's part of the steps of this hour.
+        f.pT = f.n == 1 ? 0.0 : f.hoAir * f.pInv;
+        f.eT = f.n == 1 ? f.hoAir : f.kl * f.GL * f.pT;
+        SetNext(f);
+        m0State -= f.starWeight * f.Es;
+        a0State += f.airWeight * f.Es;
+        m0Out -= f.starWeight * f.eT;
+        a0Out += f.airWeight * f.eT;
+        f.gainFactor = A * (hc + hr);
+        f.outAir = A * f.hoAir;
+        f.outFix = A * f.hoFix;
+        f.outT0 = A * f.ho;
+        componentHc[f.component] += A * hc;
+        componentHr[f.component] += A * hr;
+        componentSrc[f.component] += f.src;
     }
     z.m1 = m1, z.m2 = m2, z.a1 = a1, z.a2 = a2;
+    z.m0State = m0State, z.a0State = a0State, z.m0Out = m0Out, z.a0Out = a0Out;
+    z.componentHc = componentHc, z.componentHr = componentHr, z.componentSrc = componentSrc;
     z.srcIn = srcIn, z.srcOut = srcOut;
 }
 
 StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
-    double m0 = 0, a0 = 0;  // star: m1 Ta + m2 Tm = m0; air: a1 Ta + a2 Tm - a0 = Q
-    for (FaceStep& f : z.faces) {
-        const double hoTe = f.hoAir * in.tOut + f.hoFix;
-        double rhs;
-        if (f.n == 1) {
-            rhs = f.cap0 * f.ts + hoTe;
-        } else {
-            // Node 1 and node n-2 from the modes before the step (summed at
-            // the end of the last step); the outside face then comes out as
-            // T_0 = P + q T_s.
-            f.P = (f.cap0 * f.t0 + hoTe + f.k0 * f.A1) * f.pInv;
-            rhs = f.capL * f.ts + f.kl * (f.AL + f.GL * f.P);
-        }
-        f.hoTe = hoTe;
-        f.E = rhs + f.srcPerArea;
-        m0 -= f.starWeight * f.E;
-        a0 += f.airWeight * f.E;
-    }
+    // Star: m1 Ta + m2 Tm = m0; air: a1 Ta + a2 Tm - a0 = Q. The faces' part
+    // of m0 and a0 was summed when the last step ended.
+    const double m0 = z.m0State + z.m0Out * in.tOut;
+    double a0 = z.a0State + z.a0Out * in.tOut;
     const double m1 = z.m1, m2 = z.m2, a2 = z.a2;
     double a1 = z.a1;
     const double cAir = z.airCapacity / dt;
@@ -259,61 +279,43 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
     const double tAirOld = z.tAir;
     z.tAir = ta;
     z.tStar = tm;
-    // Back substitution and the heat flows of the step; a flow counts in or
-    // out by its sign.
-    double stored = cAir * (ta - tAirOld);
+    // Back substitution, the heat flows of the step (a flow counts in or out
+    // by its sign), and the state's part of the next step, in one pass.
+    const double tOut = in.tOut;
     double flowIn = z.srcIn, flowOut = z.srcOut;
-    double* Zm = z.z.data();
-    const double* Lambda = z.lambda.data();
-    const double* Lp = z.lp.data();
-    const double* Ls = z.ls.data();
-    const double* Gamma = z.gamma.data();
-    const double* Alpha = z.alpha.data();
-    const double* Beta = z.beta.data();
-    int component = z.faces.empty() ? 0 : z.faces.front().component;
-    double componentGain = 0;
+    double m0State = 0, a0State = 0;
+    ModeStep* modes = z.modes.data();
+    std::array<double, kComponentCount> gain{};
     for (FaceStep& f : z.faces) {
-        const double tsNew = f.w * (f.E + f.hc * ta + f.hr * tm);
-        double dStored = f.capL * (tsNew - f.ts);
+        const double tsNew = f.w * (f.Es + f.eT * tOut + f.hc * ta + f.hr * tm);
         if (f.n == 1) {
             f.t0 = tsNew;
         } else {
-            const double t0 = f.P + f.q * tsNew;
-            double* zi = Zm + f.begin;
-            const double* lambda = Lambda + f.begin;
-            const double* lp = Lp + f.begin;
-            const double* ls = Ls + f.begin;
-            const double* gamma = Gamma + f.begin;
-            const double* alpha = Alpha + f.begin;
-            const double* beta = Beta + f.begin;
+            const double t0 = f.Ps + f.pT * tOut + f.q * tsNew;
             double A1 = 0, AL = 0;
-            for (int i = 0; i < f.m; ++i) {
-                const double next = lambda[i] * zi[i] + lp[i] * t0 + ls[i] * tsNew;
-                dStored += gamma[i] * (next - zi[i]);
-                A1 += alpha[i] * next;
-                AL += beta[i] * next;
-                zi[i] = next;
+            for (ModeStep* mode = modes + f.begin; mode != modes + f.begin + f.m; ++mode) {
+                const double next = mode->lambda * mode->z + mode->lp * t0 + mode->ls * tsNew;
+                A1 += mode->alpha * next;
+                AL += mode->beta * next;
+                mode->z = next;
             }
             f.A1 = A1;
             f.AL = AL;
-            dStored += f.cap0 * (t0 - f.t0);
             f.t0 = t0;
         }
         f.ts = tsNew;
-        stored += f.area * dStored;
-        // Faces come in runs of one component (BuildZone's order): the gain
-        // is summed in a register and stored when the run ends.
-        if (f.component != component) {
-            r.gains[component] += componentGain;
-            component = f.component;
-            componentGain = 0;
-        }
-        componentGain += f.area * (f.hc * (tsNew - ta) + f.hr * (tsNew - tm)) - f.src;
-        const double outside = f.area * (f.hoTe - f.ho * f.t0);
+        SetNext(f);
+        m0State -= f.starWeight * f.Es;
+        a0State += f.airWeight * f.Es;
+        gain[f.component] += f.gainFactor * tsNew;
+        const double outside = f.outAir * tOut + f.outFix - f.outT0 * f.t0;
         flowIn += std::max(outside, 0.0);
         flowOut += std::max(-outside, 0.0);
     }
-    r.gains[component] += componentGain;
+    z.m0State = m0State, z.a0State = a0State;
+    // Each component's gain to the room: A (hc (Ts - Ta) + hr (Ts - Tm)) - src.
+    for (int c = 0; c < kComponentCount; ++c)
+        r.gains[c] = gain[c] - ta * z.componentHc[c] - tm * z.componentHr[c] - z.componentSrc[c];
     r.gains[kCompInfiltration] = in.gInfiltration * (in.tOut - ta);
     r.gains[kCompOutdoorAir] = in.gOutdoorAir * (in.tOut - ta);
     r.gains[kCompNaturalVent] = gVent * (in.tOut - ta);
@@ -325,8 +327,19 @@ StepResult StepZone(ZoneState& z, const StepInputs& in, double dt) {
     }
     r.in = flowIn;
     r.out = flowOut;
-    r.stored = stored;
     return r;
+}
+
+double StoredHeat(const ZoneState& z, double dt) {
+    double held = z.airCapacity / dt * z.tAir;
+    const ModeStep* modes = z.modes.data();
+    for (const FaceStep& f : z.faces) {
+        double face = f.capL * f.ts;
+        if (f.n > 1) face += f.cap0 * f.t0;
+        for (int i = f.begin; i < f.begin + f.m; ++i) face += modes[i].gamma * modes[i].z;
+        held += f.area * face;
+    }
+    return held;
 }
 
 }  // namespace solvane::engine::detail

@@ -1,5 +1,6 @@
 #include "results/result_charts.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "core/numeric_helpers.h"
@@ -13,14 +14,16 @@ constexpr Color kFirstSeries = 0xFF0000, kSecondSeries = 0x0000C0, kTotalSeries 
 constexpr const char* kMonths[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                    "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
-// Twips to canvas pixels.
+// Twips to canvas pixels. A point far off the chart (a figure the scale does
+// not cover) is held a chart's size beyond its edge, where it is still off
+// the canvas but stays a pixel number.
 struct Scaler {
     const Canvas& canvas;
-    int X(double twips) const {
-        return static_cast<int>(std::lround(twips * canvas.Width() / kChartTwipsWide));
-    }
-    int Y(double twips) const {
-        return static_cast<int>(std::lround(twips * canvas.Height() / kChartTwipsHigh));
+    int X(double twips) const { return Pixels(twips, canvas.Width(), kChartTwipsWide); }
+    int Y(double twips) const { return Pixels(twips, canvas.Height(), kChartTwipsHigh); }
+    static int Pixels(double twips, int pixels, int span) {
+        const double held = std::isnan(twips) ? 0.0 : std::clamp(twips, -2.0 * span, 3.0 * span);
+        return static_cast<int>(std::lround(held * pixels / span));
     }
 };
 
@@ -100,7 +103,12 @@ void DrawSourceChart(const EnergySummary& e, const ChartHead& head, ScreenFields
         double kwh = si ? v * 277.7778 : v * 1e6 / 3413;
         if (kwh > 1000) thousands = true;
         if (thousands) kwh /= 1e3;
-        const std::string t = "(" + std::to_string(static_cast<long long>(kwh)) + " )";
+        const double whole = std::trunc(kwh);
+        const std::string t =
+            "(" +
+            (std::abs(whole) < 1e15 ? std::to_string(static_cast<long long>(whole))
+                                    : NumText(whole)) +
+            " )";
         Label(f, "kwh_" + std::to_string(i), t, color);
         Text(canvas, s, x - 150, 5450, t, color);
     }
@@ -181,13 +189,17 @@ void DrawMonthlyCosts(const MonthlyCosts& c, const ChartHead& head, ScreenFields
     Label(f, "Label4", "$");
     Text(canvas, s, 300, 1100, "$", kBlack);
     MonthAxis(canvas, s, c.scale, c.startMonth);
-    Series(canvas, s, c.gas, c.startMonth, c.scale, kFirstSeries);
-    Series(canvas, s, c.elec, c.startMonth, c.scale, kSecondSeries);
-    Series(canvas, s, c.total, c.startMonth, c.scale, kTotalSeries);
-    const auto year = [](const std::array<std::optional<double>, 13>& t) {
-        for (int i = 12; i >= 0; --i)
-            if (t[i]) return *t[i];
-        return 0.0;
+    // The months only: a run that ends before December has its period's
+    // figures in the month after its last, which is not plotted.
+    const auto months = [&](std::array<std::optional<double>, 13> t) {
+        t[c.periodIndex].reset();
+        return t;
+    };
+    Series(canvas, s, months(c.gas), c.startMonth, c.scale, kFirstSeries);
+    Series(canvas, s, months(c.elec), c.startMonth, c.scale, kSecondSeries);
+    Series(canvas, s, months(c.total), c.startMonth, c.scale, kTotalSeries);
+    const auto year = [&](const std::array<std::optional<double>, 13>& t) {
+        return t[c.periodIndex].value_or(0.0);
     };
     const std::string gas = "Total Gas Costs = $ " + Rounded(year(c.gas), 0);
     const std::string elec = "Total Elec. Costs = $ " + Rounded(year(c.elec), 0);

@@ -4,12 +4,11 @@
 
 #include "core/numeric_helpers.h"
 #include "core/text_file.h"
-#include "results/benchmark.h"
 
 namespace solvane {
 
 ResultViewController::ResultViewController(Session& session, Prompt& prompt)
-    : session_(session), prompt_(prompt) {}
+    : eui(session, prompt), session_(session), prompt_(prompt) {}
 
 bool ResultViewController::Show(ChartKind kind, Canvas& canvas) {
     if (kind != kind_) view_ = 0;
@@ -54,40 +53,6 @@ bool ResultViewController::Draw(Canvas& canvas) {
         prompt_.Ask(error, "Results not available", Buttons::Ok, Icon::Exclamation);
         return false;
     }
-    return true;
-}
-
-bool ResultViewController::Benchmark(ScreenFields& benchmark) {
-    const ProjectModel& m = session_.model;
-    const int type = m.session.BuildingType;
-    const auto text = ReadTextFile(session_.paths.Resolve("\\temp\\ecalc$.out"));
-    const auto energy = text ? ReadEnergySummary(*text) : ReportRead<EnergySummary>{};
-    std::string error;
-    if (!energy)
-        error = energy.error.empty() ? "The results file cannot be read." : energy.error;
-    else if (type < 1 || type > kBuildingTypes || m.btypes.BTypeEUILow[type] <= 0)
-        error =
-            "The survey figures for this building type are not available: choose the "
-            "building type in the project information first.";
-    if (!error.empty()) {
-        prompt_.Ask(error, "Results not available", Buttons::Ok, Icon::Exclamation);
-        return false;
-    }
-    BenchmarkInput in;
-    in.SiteEUI = energy.table->SiteEUI;
-    in.SourceEUI = energy.table->SourceEUI;
-    in.si = energy.table->units.si();
-    in.BuildingType = type;
-    in.BuildingTypeName = m.btypes.BTypeName[type];
-    in.CbecsSiteEUI = m.btypes.BTypeEUILow[type];
-    in.CbecsSourceEUI = m.btypes.BTypeEUIHigh[type];
-    in.ClimateZone = m.session.ClimateZone;
-    benchmark = ScreenFields{};
-    benchmark.caption = "Energy Use Intensity";
-    benchmark["Text1"].text = BenchmarkText(in);
-    benchmark["Label4"].text = "Your Site Line EUI is " + NumText(in.SiteEUI);
-    benchmark["Label3"].text =
-        "Compare your site line EUI to the bar for Climate Zone " + in.ClimateZone;
     return true;
 }
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/session.h"
+#include "results/eui_screen.h"
 #include "results/result_charts.h"
 #include "ui/prompt.h"
 
@@ -18,6 +19,8 @@ class ResultViewController {
     ResultViewController(Session& session, Prompt& prompt);
 
     ScreenFields fields;
+    // The benchmark screen `EUI`, opened from the energy breakdown.
+    EuiController eui;
     ChartKind kind() const { return kind_; }
 
     // Draws a chart from temp\ecalc$.out. False, with the user told and the
@@ -26,10 +29,6 @@ class ResultViewController {
     // Another view of the current screen: a LoadView on `peak`, 0 energy or
     // 1 costs on `monthly`.
     bool ShowView(int view, Canvas& canvas);
-    // The benchmark screen `EUI` opened from the energy breakdown: fills
-    // Text1, Label3 and Label4 of `benchmark`. False, after telling the user,
-    // when the survey figures of the building type or the EUIs are missing.
-    bool Benchmark(ScreenFields& benchmark);
     // Leaving a chart screen for the hub: unsaved results are offered for
     // saving first.
     Navigation Leave();

@@ -14,6 +14,7 @@ constexpr const char* kMonths[] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
                                    "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
 
 // Line-by-line walk over the report, as the readers go through the file once.
+// The lines are views into the report, which outlives the walk.
 class Walk {
   public:
     explicit Walk(std::string_view text) {
@@ -23,22 +24,22 @@ class Walk {
             if (end == std::string_view::npos) end = text.size();
             std::string_view line = text.substr(start, end - start);
             if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
-            lines_.emplace_back(line);
+            lines_.push_back(line);
             start = end + 1;
         }
     }
-    const std::string* Next() { return pos_ < lines_.size() ? &lines_[pos_++] : nullptr; }
+    const std::string_view* Next() { return pos_ < lines_.size() ? &lines_[pos_++] : nullptr; }
     // The line before the one last read.
-    const std::string* Previous() const { return pos_ >= 2 ? &lines_[pos_ - 2] : nullptr; }
+    const std::string_view* Previous() const { return pos_ >= 2 ? &lines_[pos_ - 2] : nullptr; }
     template <typename Pred>
-    const std::string* Until(Pred pred) {
-        while (const std::string* line = Next())
+    const std::string_view* Until(Pred pred) {
+        while (const std::string_view* line = Next())
             if (pred(*line)) return line;
         return nullptr;
     }
     // Skips `n` lines and gives the last of them.
-    const std::string* Skip(int n) {
-        const std::string* line = nullptr;
+    const std::string_view* Skip(int n) {
+        const std::string_view* line = nullptr;
         for (int i = 0; i < n; ++i)
             if (!(line = Next())) return nullptr;
         return line;
@@ -46,32 +47,34 @@ class Walk {
     int LineNumber() const { return static_cast<int>(pos_); }
 
   private:
-    std::vector<std::string> lines_;
+    std::vector<std::string_view> lines_;
     std::size_t pos_ = 0;
 };
 
-std::string Field(const std::string& line, int column, int width) {
+std::string Field(std::string_view line, int column, int width) {
     return cuts::Mid(line, column, width);
 }
-double Num(const std::string& line, int column, int width) {
+double Num(std::string_view line, int column, int width) {
     return NumVal(Field(line, column, width));
 }
-std::string Trim(const std::string& s) {
+std::string Trim(std::string_view s) {
     return cuts::TrimLeft(cuts::TrimRight(s));
 }
 
-bool StartsWith(const std::string& line, std::string_view head) {
-    return line.compare(0, head.size(), head) == 0;
+bool StartsWith(std::string_view line, std::string_view head) {
+    return line.substr(0, head.size()) == head;
 }
 
 // Every read begins at the weather block: its anchor, then thirteen lines to
 // the units line.
 bool ToUnits(Walk& walk, ReportUnits& units, std::string& error) {
-    if (!walk.Until([](const std::string& l) { return Field(l, 4, 7) == "WEATHER"; })) {
+    if (!walk.Until([](std::string_view l) {
+            return l.substr(std::min<std::size_t>(3, l.size()), 7) == "WEATHER";
+        })) {
         error = "The results file has no WEATHER INPUT DATA block: the input report is missing.";
         return false;
     }
-    const std::string* line = walk.Skip(13);
+    const std::string_view* line = walk.Skip(13);
     if (!line) {
         error = "The results file ends inside its weather block.";
         return false;
@@ -80,19 +83,19 @@ bool ToUnits(Walk& walk, ReportUnits& units, std::string& error) {
     return true;
 }
 
-int MonthIndex(const std::string& line) {
+int MonthIndex(std::string_view line) {
     for (int i = 0; i < 12; ++i)
         if (StartsWith(line, kMonths[i])) return i;
     return -1;
 }
 
 // To the first month row of the monthly table; its month is the start month.
-const std::string* ToFirstMonth(Walk& walk, int& startMonth, std::string& error) {
-    if (!walk.Until([](const std::string& l) { return StartsWith(l, "MON"); })) {
+const std::string_view* ToFirstMonth(Walk& walk, int& startMonth, std::string& error) {
+    if (!walk.Until([](std::string_view l) { return StartsWith(l, "MON"); })) {
         error = "The results file has no monthly table.";
         return nullptr;
     }
-    const std::string* row = walk.Skip(5);
+    const std::string_view* row = walk.Skip(5);
     if (!row || (startMonth = MonthIndex(*row)) < 0) {
         error = "The monthly table of the results file has no month rows.";
         return nullptr;
@@ -111,8 +114,8 @@ ReportRead<ComponentLoads> ReadComponentLoads(std::string_view report, LoadView 
     Walk walk(report);
     ComponentLoads t;
     if (!ToUnits(walk, t.units, r.error)) return r;
-    const std::string* line =
-        walk.Until([](const std::string& l) { return StartsWith(l, "ROOF"); });
+    const std::string_view* line =
+        walk.Until([](std::string_view l) { return StartsWith(l, "ROOF"); });
     if (!line) {
         r.error = "The results file has no component load table.";
         return r;
@@ -134,8 +137,8 @@ ReportRead<ComponentLoads> ReadComponentLoads(std::string_view report, LoadView 
         rowLoad[row] = Field(*line, col.load, 8);
         rowTitle[row] = Trim(Field(*line, 1, 28));
     }
-    const std::string* totals = walk.Skip(6);
-    const std::string* perArea = walk.Next();
+    const std::string_view* totals = walk.Skip(6);
+    const std::string_view* perArea = walk.Next();
     if (!totals || !perArea) {
         r.error = "The results file has no totals under its component load table.";
         return r;
@@ -174,7 +177,7 @@ ReportRead<MonthlyEnergy> ReadMonthlyEnergy(std::string_view report) {
     Walk walk(report);
     MonthlyEnergy t;
     if (!ToUnits(walk, t.units, r.error)) return r;
-    const std::string* line = ToFirstMonth(walk, t.startMonth, r.error);
+    const std::string_view* line = ToFirstMonth(walk, t.startMonth, r.error);
     if (!line) return r;
     std::vector<double> plotted;
     for (int m = t.startMonth; line && !StartsWith(*line, "="); line = walk.Next(), ++m) {
@@ -184,7 +187,7 @@ ReportRead<MonthlyEnergy> ReadMonthlyEnergy(std::string_view report) {
         plotted.push_back(*t.heating[m]);
         plotted.push_back(CoolingInHeatingUnit(*t.cooling[m], t.units));
     }
-    const std::string* totals = line ? walk.Next() : nullptr;
+    const std::string_view* totals = line ? walk.Next() : nullptr;
     if (!totals) {
         r.error = "The monthly table of the results file has no totals line.";
         return r;
@@ -201,11 +204,11 @@ ReportRead<MonthlyCosts> ReadMonthlyCosts(std::string_view report) {
     Walk walk(report);
     MonthlyCosts t;
     if (!ToUnits(walk, t.units, r.error)) return r;
-    const std::string* line = ToFirstMonth(walk, t.startMonth, r.error);
+    const std::string_view* line = ToFirstMonth(walk, t.startMonth, r.error);
     if (!line) return r;
     bool anyCost = false;
     int m = t.startMonth;
-    auto take = [&](const std::string& l, int index) {
+    auto take = [&](std::string_view l, int index) {
         const std::string gas = Field(l, 80, 8), elec = Field(l, 105, 9), total = Field(l, 114, 9);
         anyCost = anyCost || !cuts::IsBlankText(gas + elec + total);
         t.gas[index] = NumVal(gas);
@@ -214,12 +217,13 @@ ReportRead<MonthlyCosts> ReadMonthlyCosts(std::string_view report) {
     };
     for (; line && !StartsWith(*line, "="); line = walk.Next(), ++m)
         if (m < 12) take(*line, m);
-    const std::string* annual = line ? walk.Skip(2) : nullptr;
+    const std::string_view* annual = line ? walk.Skip(2) : nullptr;
     if (!annual) {
         r.error = "The monthly table of the results file has no totals line.";
         return r;
     }
-    take(*annual, std::min(m, 12));
+    t.periodIndex = std::min(m, 12);
+    take(*annual, t.periodIndex);
     if (!anyCost) {
         r.error = "The results file holds no utility costs: they are not available for this run.";
         return r;
@@ -237,18 +241,17 @@ ReportRead<EnergySummary> ReadEnergySummary(std::string_view report) {
     Walk walk(report);
     EnergySummary t;
     if (!ToUnits(walk, t.units, r.error)) return r;
-    if (!walk.Until([](const std::string& l) { return StartsWith(l, "III."); })) {
+    if (!walk.Until([](std::string_view l) { return StartsWith(l, "III."); })) {
         r.error = "The results file has no energy summary (section III).";
         return r;
     }
-    const std::string* title = walk.Skip(3);
-    const std::string* site =
-        title && walk.Next()
-            ? walk.Until([](const std::string& l) { return StartsWith(l, "Site"); })
-            : nullptr;
-    const std::string* captions = site ? walk.Previous() : nullptr;
-    std::string captionLine = captions ? *captions : std::string();
-    const std::string* eui = site ? walk.Next() : nullptr;
+    const std::string_view* title = walk.Skip(3);
+    const std::string_view* site =
+        title && walk.Next() ? walk.Until([](std::string_view l) { return StartsWith(l, "Site"); })
+                             : nullptr;
+    const std::string_view* captions = site ? walk.Previous() : nullptr;
+    const std::string_view captionLine = captions ? *captions : std::string_view();
+    const std::string_view* eui = site ? walk.Next() : nullptr;
     if (!eui) {
         r.error = "The energy summary of the results file has no site energy line.";
         return r;

@@ -41,11 +41,13 @@ struct MonthlyEnergy {
     double scale = 0.1;  // of heating and cooling in the heating unit
 };
 
-// The monthly utility costs: gas, electricity, total, with the year at [12].
+// The monthly utility costs: gas, electricity, total, with the period's
+// figures one index above the last month: [12] for a run to December.
 struct MonthlyCosts {
     ReportUnits units;
     int startMonth = 0;
     std::array<std::optional<double>, 13> gas, elec, total;
+    int periodIndex = 12;  // where the period's figures stand
     double scale = 0.1;
 };
 

@@ -1,6 +1,8 @@
 // Starting the engine as a child process in the temp folder and watching it.
 #pragma once
 
+#include <optional>
+
 #include <sys/types.h>
 
 #include <string>
@@ -23,9 +25,10 @@ struct EngineProcess {
 // /usr/bin and the program folder, or the user's copy of it, elsewhere).
 std::filesystem::path EnginePath(const ProgramPaths& paths);
 
-// Starts the engine with no arguments in \temp. The process id is -1, with
-// the reason in `error`, when it could not be started.
-EngineProcess StartEngine(const ProgramPaths& paths, std::string& error);
+// Starts the engine in \temp: with no arguments, or with "--threads N" when
+// `threads` is above 0. The process id is -1, with the reason in `error`,
+// when it could not be started.
+EngineProcess StartEngine(const ProgramPaths& paths, std::string& error, int threads = 0);
 
 // Waits up to `milliseconds` for the process; true while it still runs.
 bool IsEngineRunning(EngineProcess& engine, int milliseconds);
@@ -39,8 +42,13 @@ void StopEngine(EngineProcess& engine, int graceMilliseconds = 2000);
 void DeleteComfortFiles(const ProgramPaths& paths);
 
 // Deletes what an earlier run of the engine left in \temp (Monitor.txt,
-// sim$.out, ecalc$.wth, ecalc$.flt and the hourly files), so that nothing of
-// it can be taken for this run's.
+// sim$.out, ecalc$.wth, ecalc$.flt, the hourly files and Progress.txt), so
+// that nothing of it can be taken for this run's.
 void DeleteEngineOutputs(const ProgramPaths& paths);
+
+// How far the running engine has come, 0 to 100, from \temp\Progress.txt
+// ("days done" and "days of the period"); nothing while there is no such
+// record or it cannot be read.
+std::optional<int> EngineProgress(const ProgramPaths& paths);
 
 }  // namespace solvane

@@ -114,7 +114,7 @@ bool RunSimController::ExecuteRun() {
 
     std::string error;
     started_ = std::chrono::steady_clock::now();
-    engine_ = StartEngine(session_.paths, error);
+    engine_ = StartEngine(session_.paths, error, services_.engineThreads);
     if (engine_.pid < 0) {
         Restore();
         prompt_.Ask("The simulation engine could not be started: " + error, "Error", Buttons::Ok,
@@ -203,7 +203,14 @@ bool RunSimController::PrepareRun() {
 
     m.climate.DesTempsPresent = 1;
     const auto reportPath = session_.paths.Resolve(kResultsFile);
-    if (!WriteFileAtomic(reportPath, InputReportText(m, run, {TodayText(), services_.clock()}))) {
+    const InputReport report = WriteInputReport(m, run, {TodayText(), services_.clock()},
+                                                ReadReportFiles(m, session_.paths));
+    if (!report.warnings.empty()) {
+        std::string text;
+        for (const auto& w : report.warnings) text += w + std::string(CrLf);
+        prompt_.Ask(text, "Profiles", Buttons::Ok, Icon::Exclamation);
+    }
+    if (!WriteFileAtomic(reportPath, report.text)) {
         prompt_.Ask("The results file " + reportPath.string() + " could not be written.", "Error",
                     Buttons::Ok, Icon::Exclamation);
         Restore();
@@ -218,11 +225,11 @@ bool RunSimController::PrepareRun() {
 
 bool RunSimController::Wait(int milliseconds) {
     if (!Running()) return false;
-    // Ten steps a second, as far as the bar goes: the engine tells nothing
-    // of its progress until it ends.
-    const double elapsed =
-        std::chrono::duration<double>(std::chrono::steady_clock::now() - started_).count();
-    fields_["ProgressBar1"].value = std::min(static_cast<int>(elapsed * 10), 100);
+    // The bar follows the days the engine has simulated; the last steps
+    // (the plant and the reports) are the end of the run.
+    if (const auto progress = EngineProgress(session_.paths))
+        fields_["ProgressBar1"].value =
+            std::max(fields_["ProgressBar1"].value, *progress * 95 / 100);
     fields_["runstatus"].text = "Run Status Indicator...  Time=" + services_.clock();
     const bool running = IsEngineRunning(engine_, milliseconds);
     const double seconds =
@@ -255,6 +262,7 @@ void RunSimController::Finish() {
                     "Simulation not completed", Buttons::Ok, Icon::Exclamation);
         return;
     }
+    fields_["ProgressBar1"].value = 100;
     fields_["ProgressBar1"].visible = false;
     fields_["runstatus"].text = "Simulation Completed at " + services_.clock() +
                                 "\nTotal time = " + FormatField(NumText(seconds), "####.##") +

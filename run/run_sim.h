@@ -35,6 +35,9 @@ struct RunSimServices {
     std::function<std::string()> clock;  // the time of day as the screen shows it
     // Stops an engine that has run this long (0: no limit), telling the user.
     double timeLimitSeconds = 0;
+    // Threads the engine steps its zones on (0: the engine's default, the
+    // machine's core count; the engine is then started with no arguments).
+    int engineThreads = 0;
 };
 
 class RunSimController {

@@ -142,7 +142,6 @@ class DrawFormController {
     Tool tool_ = Tool::Box;
     bool eraseMode_ = false;
     RubberBand band_;
-    bool clickedSheet_ = false;  // the sheet was clicked since the screen opened
     bool paintAdds_ = true;      // a cell-paint stroke adds cells (else clears them)
     int lastPaintRow_ = -1, lastPaintCol_ = -1;
     double freeX_ = 0, freeY_ = 0;

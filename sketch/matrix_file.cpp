@@ -75,7 +75,9 @@ int ZoneLineNumber(std::string_view line) {
     const auto open = line.find('[');
     if (open == std::string_view::npos) return 0;
     const auto close = line.find(']', open);
-    return static_cast<int>(NumVal(line.substr(open + 1, close - open - 1)));
+    const double n = NumVal(line.substr(open + 1, close - open - 1));
+    // Beyond any zone number a figure names no zone.
+    return n > -1000 && n < 1000 ? static_cast<int>(n) : 0;
 }
 
 bool IsZoneLine(std::string_view line) {

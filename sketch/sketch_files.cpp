@@ -153,14 +153,37 @@ class MatrixSplitter {
     std::vector<std::string> block_;
 };
 
-// A zone line's label place and rectangle.
-void TakeZoneLine(SketchScreen& sc, int level, int z, const ZoneLineFields& f) {
+// A figure that truncates into a 16-bit field.
+bool FitsInt16(float v) {
+    return v > -32769.0f && v < 32768.0f;
+}
+
+// A zone line's label place fits its 16-bit fields; a drawing with one that
+// does not cannot be read.
+bool LabelFits(const ZoneLineFields& f) {
+    return FitsInt16(f.labelX) && FitsInt16(f.labelY);
+}
+
+// Every zone line of a level's lines has a label place that fits.
+bool LabelsFit(const std::vector<std::string>& lines) {
+    for (std::size_t n = kMatrixHeaderLines; n < lines.size() && n < kMatrixLines; ++n) {
+        const int z = IsZoneLine(lines[n]) ? ZoneLineNumber(lines[n]) : 0;
+        if (z >= 1 && z <= kLevelZones && !LabelFits(ReadZoneLine(lines[n]))) return false;
+    }
+    return true;
+}
+
+// A zone line's label place and rectangle. False, with nothing taken, when
+// the label place does not fit.
+bool TakeZoneLine(SketchScreen& sc, int level, int z, const ZoneLineFields& f) {
+    if (!LabelFits(f)) return false;
     sc.ZoneLabelX[level][z] = static_cast<std::int16_t>(f.labelX);
     sc.ZoneLabelY[level][z] = static_cast<std::int16_t>(f.labelY);
     sc.ZoneRectLeft[level][z] = f.left;
     sc.ZoneRectTop[level][z] = f.top;
     sc.ZoneRectRight[level][z] = f.right;
     sc.ZoneRectBottom[level][z] = f.bottom;
+    return true;
 }
 
 // The floor areas and the zones' labels and rectangles of every level, from
@@ -180,7 +203,7 @@ bool ReadLevelHeads(SketchContext& ctx) {
             if (!IsZoneLine(line)) continue;
             const int z = ZoneLineNumber(line);
             if (z < 1 || z > kLevelZones) continue;
-            TakeZoneLine(sc, level, z, ReadZoneLine(line));
+            if (!TakeZoneLine(sc, level, z, ReadZoneLine(line))) return false;
         }
     }
     m.BuildingFloorArea = m.BuildingFloorAreaEntered;
@@ -279,7 +302,7 @@ bool ShowLevel(SketchContext& ctx, int level) {
     SketchScreen& sc = ctx.screen;
     if (level < 1 || level > kMaxLevels) return false;
     const auto lines = ReadLines(LevelFilePath(ctx.session.paths, level));
-    if (!lines) return false;
+    if (!lines || !LabelsFit(*lines)) return false;
     sk.CurrentLevel = static_cast<std::int16_t>(level);
 
     int row = kSketchRows;

@@ -7,6 +7,7 @@
 
 #include <QAbstractButton>
 #include <QRadioButton>
+#include <cstdlib>
 #include <filesystem>
 #include <memory>
 
@@ -19,13 +20,23 @@ namespace solvane::test {
 
 class AppFixture : public ::testing::Test {
   protected:
+    // A test that only reads the climate files shares the delivered ones
+    // instead of copying them.
+    virtual bool ShareClimateFiles() const { return false; }
+
     void SetUp() override {
         root_ = std::filesystem::temp_directory_path() /
                 ("solvane_front_" + std::to_string(::getpid()) + "_" +
                  ::testing::UnitTest::GetInstance()->current_test_info()->name());
         std::filesystem::remove_all(root_);
         std::filesystem::create_directories(root_);
-        std::filesystem::copy(SOLVANE_DATA_DIR, root_, std::filesystem::copy_options::recursive);
+        for (const auto& entry : std::filesystem::directory_iterator(SOLVANE_DATA_DIR)) {
+            const auto to = root_ / entry.path().filename();
+            if (entry.path().filename() == "weather" && ShareClimateFiles())
+                std::filesystem::create_directory_symlink(entry.path(), to);
+            else
+                std::filesystem::copy(entry.path(), to, std::filesystem::copy_options::recursive);
+        }
         std::filesystem::create_directories(root_ / "temp");
         std::filesystem::remove(root_ / "temp" / "ecalc$.unt");
         // The user's folders are the test's own.
@@ -53,6 +64,11 @@ class AppFixture : public ::testing::Test {
         Find<QAbstractButton>(shell_->mainform(), "continue")->click();
     }
     ProjectModel& model() { return shell_->session().model; }
+    // Saves a picture of a screen when SOLVANE_SCREENSHOTS names a folder.
+    static void Snapshot(QWidget* screen, const char* name) {
+        if (const char* dir = std::getenv("SOLVANE_SCREENSHOTS"))
+            screen->grab().save(QString("%1/%2.png").arg(dir, name));
+    }
 
     std::filesystem::path root_;
     QByteArray home_;

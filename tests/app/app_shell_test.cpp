@@ -25,6 +25,7 @@
 #include "app/projectinfo.h"
 #include "app/warning.h"
 #include "app/weather.h"
+#include "tests/app/app_fixture.h"
 #include "ui/scripted_prompt.h"
 
 namespace fs = std::filesystem;
@@ -32,45 +33,7 @@ namespace fs = std::filesystem;
 namespace solvane {
 namespace {
 
-class AppShellTest : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        root_ = fs::temp_directory_path() /
-                ("solvane_app_" + std::to_string(::getpid()) + "_" +
-                 ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::create_directories(root_);
-        fs::copy(SOLVANE_DATA_DIR, root_, fs::copy_options::recursive);
-        fs::create_directories(root_ / "temp");
-        fs::remove(root_ / "temp" / "ecalc$.unt");
-        shell_ = std::make_unique<AppShell>(ProgramPaths(root_), prompt_);
-        shell_->Start(StartupEnvironment{});
-    }
-    void TearDown() override {
-        shell_.reset();
-        fs::remove_all(root_);
-    }
-    template <typename T>
-    T* Find(QWidget* screen, const char* name) {
-        T* w = screen->findChild<T*>(name);
-        EXPECT_NE(w, nullptr) << name;
-        return w;
-    }
-
-    void Begin(const char* units) {
-        prompt_.Queue(Answer::No);
-        Find<QRadioButton>(shell_->mainform(), units)->click();
-        Find<QAbstractButton>(shell_->mainform(), "continue")->click();
-    }
-    // Saves a picture of a screen when SOLVANE_SCREENSHOTS names a folder.
-    static void Snapshot(QWidget* screen, const char* name) {
-        if (const char* dir = std::getenv("SOLVANE_SCREENSHOTS"))
-            screen->grab().save(QString("%1/%2.png").arg(dir, name));
-    }
-
-    fs::path root_;
-    ScriptedPrompt prompt_;
-    std::unique_ptr<AppShell> shell_;
-};
+using AppShellTest = test::AppFixture;
 
 TEST_F(AppShellTest, ChooseUnitsBeginAndSeeTheHub) {
     QWidget* form = shell_->mainform();

@@ -22,6 +22,7 @@
 #include "app/picture_output.h"
 #include "app/winareasel.h"
 #include "sketch/sheet_drawing.h"
+#include "tests/app/app_fixture.h"
 #include "ui/scripted_prompt.h"
 
 namespace fs = std::filesystem;
@@ -29,29 +30,15 @@ namespace fs = std::filesystem;
 namespace solvane {
 namespace {
 
-class DrawFormScreenTest : public ::testing::Test {
+class DrawFormScreenTest : public test::AppFixture {
   protected:
     void SetUp() override {
-        root_ = fs::temp_directory_path() /
-                ("solvane_draw_" + std::to_string(::getpid()) + "_" +
-                 ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::create_directories(root_);
-        fs::copy(SOLVANE_DATA_DIR, root_, fs::copy_options::recursive);
-        fs::create_directories(root_ / "temp");
-        fs::remove(root_ / "temp" / "ecalc$.unt");
-        shell_ = std::make_unique<AppShell>(ProgramPaths(root_), prompt_);
-        shell_->Start(StartupEnvironment{});
-        prompt_.Queue(Answer::No);  // not as the default units
-        shell_->mainform()->findChild<QRadioButton*>("unitnum_1")->click();
-        shell_->mainform()->findChild<QAbstractButton*>("continue")->click();
+        AppFixture::SetUp();
+        Begin();
         // Code, weather and project information done: the sketch task opens.
         auto& done = shell_->session().model.flags.TaskDone;
         done[1] = done[2] = done[6] = 1;
         shell_->mainmenu()->Activate();
-    }
-    void TearDown() override {
-        shell_.reset();
-        fs::remove_all(root_);
     }
 
     DrawFormScreen* OpenSketch() {
@@ -83,16 +70,6 @@ class DrawFormScreenTest : public ::testing::Test {
             for (int j = 1; j <= 90; ++j) n += Cell(i, j) == zone;
         return n;
     }
-    template <typename T>
-    static T* Find(QWidget* screen, const char* name) {
-        T* w = screen->findChild<T*>(name);
-        EXPECT_NE(w, nullptr) << name;
-        return w;
-    }
-
-    fs::path root_;
-    ScriptedPrompt prompt_;
-    std::unique_ptr<AppShell> shell_;
 };
 
 TEST_F(DrawFormScreenTest, MouseStrokesDrawZonesIntoTheMatrix) {

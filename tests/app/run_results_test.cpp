@@ -9,9 +9,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <algorithm>
 #include <filesystem>
 
 #include "app/app_shell.h"
@@ -21,6 +23,7 @@
 #include "app/result_screens.h"
 #include "app/runsim.h"
 #include "core/text_file.h"
+#include "tests/app/app_fixture.h"
 #include "ui/scripted_prompt.h"
 
 namespace fs = std::filesystem;
@@ -28,33 +31,9 @@ namespace fs = std::filesystem;
 namespace solvane {
 namespace {
 
-class RunResultsTest : public ::testing::Test {
+class RunResultsTest : public test::AppFixture {
   protected:
-    void SetUp() override {
-        root_ = fs::temp_directory_path() /
-                ("solvane_runapp_" + std::to_string(::getpid()) + "_" +
-                 ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(root_);
-        fs::create_directories(root_);
-        for (const char* dir :
-             {"Codes", "profiles", "Bldg-Prop", "Helpinfo", "sketch", "sample", "images", "temp"})
-            fs::copy(fs::path(SOLVANE_DATA_DIR) / dir, root_ / dir, fs::copy_options::recursive);
-        // The climate files are only read: shared, not copied.
-        fs::create_directory_symlink(fs::path(SOLVANE_DATA_DIR) / "weather", root_ / "weather");
-        fs::remove(root_ / "temp" / "ecalc$.unt");
-        shell_ = std::make_unique<AppShell>(ProgramPaths(root_), prompt_);
-        shell_->Start(StartupEnvironment{});
-    }
-    void TearDown() override {
-        shell_.reset();
-        fs::remove_all(root_);
-    }
-    template <typename T>
-    T* Find(QWidget* screen, const char* name) {
-        T* w = screen->findChild<T*>(name);
-        EXPECT_NE(w, nullptr) << name;
-        return w;
-    }
+    bool ShareClimateFiles() const override { return true; }
     // Begins in I-P, opens the office sample and goes to the run screen.
     QWidget* OpenRunScreen() {
         prompt_.Queue(Answer::No);
@@ -76,35 +55,44 @@ class RunResultsTest : public ::testing::Test {
         EXPECT_TRUE(run->isVisible());
         return run;
     }
-    static void Snapshot(QWidget* screen, const char* name) {
-        if (const char* dir = std::getenv("SOLVANE_SCREENSHOTS"))
-            screen->grab().save(QString("%1/%2.png").arg(dir, name));
-    }
-
-    fs::path root_;
-    ScriptedPrompt prompt_;
-    std::unique_ptr<AppShell> shell_;
 };
 
 TEST_F(RunResultsTest, RunASampleSeeProgressAndTheEnergyBreakdown) {
-    // The real engine, behind a pause so that the run lasts long enough to be
-    // watched.
+    // The real engine, behind a pause: the bar stays at 0 until the engine
+    // reports its first day.
     WriteFileAtomic(root_ / "Solv2020", "#!/bin/sh\nsleep 1\nexec '" SOLV2020_PATH "'\n");
     fs::permissions(root_ / "Solv2020", fs::perms::owner_all);
     QWidget* run = OpenRunScreen();
     ASSERT_NE(run, nullptr);
     EXPECT_EQ(Find<QLineEdit>(run, "Text1_0")->text(), "1-Jan");
+    auto* july = Find<QAbstractButton>(run, "mon_6");
+    july->click();  // July marked: skipped
+    // The mark shows: the button is painted in the marking colour.
+    const QImage shot = july->grab().toImage();
+    EXPECT_EQ(shot.pixelColor(shot.width() / 2, 3).rgb() & 0xFFFFFF, 0xFFFF80u);
     Snapshot(run, "runsim");
 
     QSignalSpy finished(shell_->runSim(), &RunSimScreen::runFinished);
     Find<QAbstractButton>(run, "Command1")->click();
     auto* bar = Find<QProgressBar>(run, "ProgressBar1");
     EXPECT_TRUE(bar->isVisible());
-    QTest::qWait(700);
-    EXPECT_GT(bar->value(), 0);  // the bar moves while the window keeps painting
+    QTest::qWait(500);
+    EXPECT_EQ(bar->value(), 0);  // no day simulated yet, whatever the clock says
     EXPECT_NE(Find<QLabel>(run, "runstatus")->text().indexOf("Time="), -1);
-    Snapshot(run, "runsim_running");
-    ASSERT_TRUE(finished.wait(30000));
+    // The bar follows the days the engine reports, never going back, while
+    // the window keeps painting.
+    std::vector<int> seen;
+    for (int waited = 0; finished.count() == 0 && waited < 30000; waited += 10) {
+        QTest::qWait(10);
+        if (bar->isVisible() && (seen.empty() || seen.back() != bar->value())) {
+            seen.push_back(bar->value());
+            if (seen.back() > 0 && seen.back() < 95) Snapshot(run, "runsim_running");
+        }
+    }
+    ASSERT_EQ(finished.count(), 1);
+    EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end()));
+    EXPECT_TRUE(std::any_of(seen.begin(), seen.end(), [](int v) { return v > 0 && v < 95; }))
+        << "values seen: " << seen.size();
     EXPECT_NE(Find<QLabel>(run, "runstatus")->text().indexOf("Simulation Completed at "), -1);
     auto* review = Find<QAbstractButton>(run, "Command3");
     EXPECT_TRUE(review->isVisible());
@@ -116,6 +104,21 @@ TEST_F(RunResultsTest, RunASampleSeeProgressAndTheEnergyBreakdown) {
     EXPECT_NE(source->windowTitle().indexOf("Breakdown of Annual Energy"), -1);
     EXPECT_EQ(shell_->session().model.flags.OutputAvailable, 1);
     Snapshot(source, "source");
+
+    // The benchmark: the survey text and the picture of the project's units.
+    Find<QAbstractButton>(source, "Label5")->click();
+    auto* eui = source->findChild<QWidget*>("EUI");
+    ASSERT_TRUE(eui && eui->isVisible());
+    EXPECT_NE(Find<QPlainTextEdit>(eui, "Text1")->toPlainText().indexOf("2012 CBECS survey"), -1);
+    EXPECT_NE(Find<QLabel>(eui, "Label3")->text().indexOf("Climate Zone"), -1);
+    auto* picture = Find<QLabel>(eui, "Image1_1");
+    EXPECT_TRUE(picture->isVisible());
+    EXPECT_FALSE(picture->pixmap().isNull());
+    EXPECT_FALSE(Find<QLabel>(eui, "Image1_2")->isVisible());
+    Snapshot(eui, "eui");
+    QTest::keyClick(eui, Qt::Key_Escape);
+    EXPECT_FALSE(eui->isVisible());
+    EXPECT_TRUE(source->isVisible());
 
     // The loads chart and its export.
     Find<QAbstractButton>(source, "viewoutput")->click();

@@ -23,6 +23,7 @@
 #include "app/mainform.h"
 #include "app/mainmenu.h"
 #include "app/zoneform.h"
+#include "tests/app/app_fixture.h"
 #include "ui/scripted_prompt.h"
 
 namespace fs = std::filesystem;
@@ -30,27 +31,8 @@ namespace fs = std::filesystem;
 namespace solvane {
 namespace {
 
-class ZoneScreenTest : public ::testing::Test {
+class ZoneScreenTest : public test::AppFixture {
   protected:
-    void SetUp() override {
-        root_ = fs::temp_directory_path() / ("solvane_zones_app_" + std::to_string(::getpid()));
-        fs::create_directories(root_);
-        fs::copy(SOLVANE_DATA_DIR, root_, fs::copy_options::recursive);
-        fs::create_directories(root_ / "temp");
-        fs::remove(root_ / "temp" / "ecalc$.unt");
-        shell_ = std::make_unique<AppShell>(ProgramPaths(root_), prompt_);
-        shell_->Start(StartupEnvironment{});
-    }
-    void TearDown() override {
-        shell_.reset();
-        fs::remove_all(root_);
-    }
-    template <typename T>
-    T* Find(QWidget* screen, const char* name) {
-        T* w = screen->findChild<T*>(name);
-        EXPECT_NE(w, nullptr) << name;
-        return w;
-    }
     QAction* MenuEntry(QWidget* screen, const char* menu, int index) {
         auto* m = Find<QMenu>(screen, menu);
         emit m->aboutToShow();
@@ -64,14 +46,6 @@ class ZoneScreenTest : public ::testing::Test {
         QTest::keyClicks(edit, text);
         QTest::keyClick(edit, Qt::Key_Return);
     }
-    static void Snapshot(QWidget* screen, const char* name) {
-        if (const char* dir = std::getenv("SOLVANE_SCREENSHOTS"))
-            screen->grab().save(QString("%1/%2.png").arg(dir, name));
-    }
-
-    fs::path root_;
-    ScriptedPrompt prompt_;
-    std::unique_ptr<AppShell> shell_;
 };
 
 TEST_F(ZoneScreenTest, EachKindOfFieldReachesTheSavedFile) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "core/item_reader.h"
+#include "core/text_file.h"
 #include "propertydb/envelope_defaults.h"
 #include "tests/propertydb/program_folder.h"
 
@@ -115,6 +116,24 @@ TEST_F(TableFixture, BenchmarkPairsAndSubKinds) {
 TEST(BuildingTypes, MissingTableIsAnError) {
     ProjectModel m;
     EXPECT_THROW(LoadBuildingTypeTable(m, ProgramPaths("/nonexistent/solvane")), ReadError);
+}
+
+TEST_F(TableFixture, ProfileGroupBeyondItsFieldIsAnErrorAtItsLine) {
+    // The third type's profile group (its second column) made 1e10.
+    std::string text = *ReadTextFile(folder.Paths().Resolve(kBuildingTypeFile));
+    std::size_t line = 0;
+    for (int n = 0; n < 5; ++n) line = text.find('\n', line) + 1;
+    const std::size_t column2 = text.find(',', text.find(',', line) + 1) + 1;
+    text.replace(column2, text.find(',', column2) - column2, "1e10");
+    ProjectModel read;
+    try {
+        LoadBuildingTypeTable(read, text, "BType2020-Defaults.txt");
+        ADD_FAILURE() << "read";
+    } catch (const ReadError& e) {
+        EXPECT_EQ(e.Line(), 6);
+        EXPECT_NE(std::string(e.what()).find("number out of range: 1E+10"), std::string::npos)
+            << e.what();
+    }
 }
 
 }  // namespace

@@ -371,6 +371,37 @@ TEST(ProjectFields, OutdoorAirFollowsTheFanProfile) {
     EXPECT_DOUBLE_EQ(off.heatingEnergy, base.heatingEnergy);
 }
 
+TEST(ProjectFields, DaylightingDimsTheLightsOfTheDaylitFloor) {
+    // Case 600 with 1 W/sq.ft of lights all day: its south window (12 m2,
+    // visible transmittance 0.81) lights a 10 ft deep strip along the 8 m
+    // wall, 24 m2 of the 48.
+    auto lit = [](const std::string& on, const std::string& depthFt, const std::string& fc) {
+        return Case600(3, [&](ProjectModel& m, std::string&) {
+            m.zones.ZoneData[1][13] = "1";
+            m.profiles.Types[kLights].Profile[1] = m.profiles.Types[kReceptacles].Profile[1];
+            m.zones.ZoneDaylight[1] = on;
+            m.zones.ZoneData[1][24] = depthFt;
+            m.zones.ZoneData[1][25] = fc;
+        });
+    };
+    const ProjectRunInputs off = lit("No", "10", "50");
+    const ProjectRunInputs on = lit("Yes", "10", "50");
+    const ZoneDaylighting& d = on.building.zones[0].daylight;
+    EXPECT_NEAR(d.share, 8.0 * 10 * 0.3048 / 48.0, 0.02);
+    EXPECT_NEAR(d.targetLux, 538.2, 0.1);
+    EXPECT_GT(d.daylightFactor, 2.0);  // a large window: a well-lit strip
+    EXPECT_LT(d.daylightFactor, 20.0);
+    EXPECT_EQ(off.building.zones[0].daylight.share, 0.0);
+    const double base = Simulated(off).lightsEnergy, dimmed = Simulated(on).lightsEnergy;
+    // Savings only in the daylit share and only by day: below half the
+    // strip's share of the year's lighting.
+    EXPECT_LT(dimmed, base * (1.0 - 0.1 * d.share));
+    EXPECT_GT(dimmed, base * (1.0 - 0.5 * d.share));
+    // A deeper strip saves more; a higher target less.
+    EXPECT_LT(Simulated(lit("Yes", "16", "50")).lightsEnergy, dimmed);
+    EXPECT_GT(Simulated(lit("Yes", "10", "100")).lightsEnergy, dimmed);
+}
+
 TEST(ProjectFields, FieldsNotSimulatedAreNamedWithTheirZone) {
     const ProjectRunInputs plain = Case600(3, [](ProjectModel& m, std::string&) {
         for (int s = 1; s <= 6; ++s) m.surfaces.SurfSWB[1][s] = "";
@@ -397,11 +428,15 @@ TEST(ProjectFields, FieldsNotSimulatedAreNamedWithTheirZone) {
     ASSERT_EQ(in.notes.size(), 1u);
     const std::string& n = in.notes[0];
     EXPECT_EQ(n.rfind("Zone 1-1: not simulated in this run: ", 0), 0u) << n;
-    for (const char* w : {"daylighting", "economiser", "no rate", "DiffTrans", "S/W/B"})
+    for (const char* w : {"no rate", "DiffTrans", "S/W/B"})
         EXPECT_NE(n.find(w), std::string::npos) << w << " in " << n;
-    // Hot water and the HVAC and heating types are simulated (the zone's system).
-    for (const char* w : {"hot water", "HVAC Type", "Htg. Type"})
+    // Hot water, the HVAC and heating types, the economiser, daylighting and
+    // the people's latent heat are simulated.
+    for (const char* w :
+         {"hot water", "HVAC Type", "Htg. Type", "economiser", "latent", "daylighting"})
         EXPECT_EQ(n.find(w), std::string::npos) << w << " in " << n;
+    EXPECT_TRUE(in.systems[0].economizer);
+    EXPECT_NEAR(in.systems[0].economizerHighLimit, (75.0 - 32) / 1.8, 1e-9);  // zone 5 B
     ASSERT_EQ(in.systems.size(), in.building.zones.size());
     EXPECT_EQ(in.systems[0].cooling, CoolingPlant::WaterChiller);
     EXPECT_EQ(in.systems[0].heating, HeatingPlant::Boiler);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "ui/raster_canvas.h"
 
 namespace solvane {
@@ -84,6 +86,49 @@ TEST(MonthlyChart, PointsStartAtTheReportsFirstMonth) {
     EXPECT_EQ(canvas.ColorAt(145, 494), 0x0000C0u);
     EXPECT_EQ(f.Text("Label4"), "GJoules");
     EXPECT_EQ(f.Text("Totcool").substr(0, 23), "Total Cooling Energy = ");
+}
+
+TEST(MonthlyChart, CostsBeyondTheScaleRunOffTheChartAndNoFurther) {
+    // The scale follows the total column; a gas figure far beyond it, or
+    // beyond any number, is drawn toward the edge and is no pixel number
+    // out of range.
+    MonthlyCosts c;
+    for (int m = 0; m < 12; ++m) c.total[m] = 100, c.elec[m] = 50;
+    c.gas[0] = 1e300;
+    c.gas[1] = -1e300;
+    c.gas[2] = std::numeric_limits<double>::infinity();
+    c.scale = 100;
+    RasterCanvas canvas(kW, kH);
+    ScreenFields f;
+    DrawMonthlyCosts(c, {"store.inp", "Store"}, f, canvas);
+    // The gas line crosses the whole canvas between January and February.
+    const auto gasIn = [&](int y) {
+        for (int x = 145; x <= 205; ++x)
+            if (canvas.ColorAt(x, y) == 0xFF0000u) return true;
+        return false;
+    };
+    EXPECT_TRUE(gasIn(0));
+    EXPECT_TRUE(gasIn(kH - 1));
+    // The total's points stand where the scale puts them: 1450, 5000 - 3500.
+    EXPECT_EQ(canvas.ColorAt(145, 150), 0x008000u);
+}
+
+TEST(MonthlyCostChart, APeriodEndingBeforeDecemberIsTotalledNotPlotted) {
+    // April to September: the period's figures stand in October's place.
+    MonthlyCosts c;
+    c.startMonth = 3;
+    for (int m = 3; m <= 8; ++m) c.gas[m] = 0, c.elec[m] = 100, c.total[m] = 100;
+    c.gas[9] = 0, c.elec[9] = 600, c.total[9] = 600;
+    c.periodIndex = 9;
+    c.scale = 1000;
+    RasterCanvas canvas(kW, kH);
+    ScreenFields f;
+    DrawMonthlyCosts(c, {"retail.inp", "Retail"}, f, canvas);
+    // April's total at x 1450, y 5000 - 100 * 3500 / 1000 = 4650.
+    EXPECT_EQ(canvas.ColorAt(145, 465), 0x008000u);
+    // No point for the period at October's place (x 5050, y 2900).
+    EXPECT_NE(canvas.ColorAt(505, 290), 0x008000u);
+    EXPECT_EQ(f.Text("Tottotal"), "Total Costs = $ 600");
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <functional>
 
 #include "../run/sample_program.h"
 #include "core/numeric_helpers.h"
@@ -21,13 +22,16 @@ namespace solvane {
 namespace {
 
 // Runs a sample through the run screen and the engine; gives ecalc$.out.
-std::string RunSample(const std::string& sample, const std::string& begin = "1-Jan") {
+// `edit` may change the project before the run.
+std::string RunSample(const std::string& sample, const std::string& begin = "1-Jan",
+                      const std::function<void(ProjectModel&)>& edit = {}) {
     const fs::path root = test::MakeSampleProgram("results_" + begin);
     test::InstallEngine(root);
     Session session;
     session.paths = ProgramPaths(root);
     ScriptedPrompt prompt;
     test::LoadSample(session, prompt, sample);
+    if (edit) edit(session.model);
     RunSimController run(session, prompt, {[] { return 0.5; }, [] { return std::string(); }, 0});
     run.OpenRun();
     run.fields().At("Text1", 0).text = begin;
@@ -91,7 +95,16 @@ TEST(ResultsReader, ComponentTableMergesTheAirRows) {
 
     const auto peak = ReadComponentLoads(report, LoadView::PeakHeating);
     ASSERT_TRUE(peak) << peak.error;
-    EXPECT_GT(NumVal(peak.table->total), 0);
+    // The heating and the cooling chart read the same totals field: it
+    // shows each view's own total, the table's, beside the other's.
+    const auto cooling = ReadComponentLoads(report, LoadView::PeakCooling);
+    ASSERT_TRUE(cooling) << cooling.error;
+    const std::string& both = peak.table->total;
+    EXPECT_EQ(cooling.table->total, both);
+    const auto h = both.find('H'), cAt = both.find('C');
+    ASSERT_TRUE(h == 0 && cAt != std::string::npos) << both;
+    EXPECT_NEAR(NumVal(both.substr(1, cAt - 1)), NumVal(peak.table->tableTotal), 0.051) << both;
+    EXPECT_NEAR(NumVal(both.substr(cAt + 1)), NumVal(cooling.table->tableTotal), 0.051) << both;
     EXPECT_FALSE(peak.table->peakDateText.empty());
     double lo = 0;
     for (double v : peak.table->value) lo = std::min(lo, v);
@@ -141,10 +154,114 @@ TEST(ResultsReader, MissingSectionsGiveAnErrorAndNoFigures) {
     const auto loads = ReadComponentLoads(cut, LoadView::AnnualHeating);
     EXPECT_FALSE(loads);
     EXPECT_NE(loads.error.find("cut short"), std::string::npos);
-    // The engine's report has no cost columns yet: the costs are not available.
-    const auto costs = ReadMonthlyCosts(report);
+    // A monthly table without its cost columns: the costs are not available.
+    std::string noCosts = report.substr(0, report.find("\r\nMONTHLY HEATING") + 2);
+    noCosts +=
+        "MONTHLY HEATING AND COOLING\r\n\r\n\r\n\r\n\r\nJAN   1.000\r\n===\r\nTOT   "
+        "1.000\r\n\r\n";
+    const auto costs = ReadMonthlyCosts(noCosts);
     EXPECT_FALSE(costs);
     EXPECT_NE(costs.error.find("not available"), std::string::npos);
+}
+
+const char* const kMonths[] = {"JAN", "FEB", "MAR", "APR", "MAY", "JUN",
+                               "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
+
+// Lines of the report from the first that begins with `head`.
+std::vector<std::string> LinesFrom(const std::string& report, const std::string& head) {
+    std::vector<std::string> lines;
+    std::size_t at = report.find("\r\n" + head);
+    while (at != std::string::npos && at + 2 < report.size()) {
+        const std::size_t end = report.find("\r\n", at + 2);
+        lines.push_back(report.substr(at + 2, end == std::string::npos ? end : end - at - 2));
+        at = end;
+    }
+    return lines;
+}
+
+double At(const std::string& line, int column, int width) {
+    return static_cast<int>(line.size()) < column ? 0 : NumVal(line.substr(column - 1, width));
+}
+
+TEST(ResultsReader, UtilityCostsReadBackAsTheEngineBilledThem) {
+    // The sample office: electricity .1048 $/kWh, gas .73 $/therm, no
+    // demand schedule.
+    const std::string& report = OfficeYear();
+    const auto read = ReadMonthlyCosts(report);
+    ASSERT_TRUE(read) << read.error;
+    const MonthlyCosts& c = *read.table;
+    EXPECT_EQ(c.startMonth, 0);
+    // The engine's bills to the cent in VII., its energy in VI.
+    const auto vii = LinesFrom(report, "VII.");
+    const auto vi = LinesFrom(report, "VI.");
+    ASSERT_FALSE(vii.empty());
+    ASSERT_FALSE(vi.empty());
+    auto rowOf = [](const std::vector<std::string>& lines, const std::string& name) {
+        for (const std::string& l : lines)
+            if (l.rfind("    " + name, 0) == 0) return l;
+        return std::string();
+    };
+    double sum = 0;
+    for (int m = 0; m < 12; ++m) {
+        const std::string bill = rowOf(vii, kMonths[m]);
+        const std::string use = rowOf(vi, kMonths[m]);
+        ASSERT_FALSE(bill.empty() || use.empty()) << m;
+        ASSERT_TRUE(c.gas[m] && c.elec[m] && c.total[m]) << m;
+        // The monthly table's whole dollars are the engine's figures rounded.
+        EXPECT_NEAR(*c.gas[m], At(bill, 65, 10), 0.5 + 1e-6) << m;
+        EXPECT_NEAR(*c.elec[m], At(bill, 32, 10) + At(bill, 43, 10), 0.5 + 1e-6) << m;
+        EXPECT_NEAR(*c.total[m], At(bill, 98, 11), 0.5 + 1e-6) << m;
+        // And the bills are the energy at the sample's prices: kWh and MBtu
+        // of fuel (10 therms each) of VI.
+        EXPECT_NEAR(At(bill, 32, 10), At(use, 79, 10) * 0.1048, 0.06) << m;
+        EXPECT_NEAR(At(bill, 65, 10), (At(use, 90, 9) + At(use, 100, 9)) * 10 * 0.73, 0.08) << m;
+        EXPECT_EQ(At(bill, 43, 10), 0) << m;  // no demand schedule
+        sum += At(bill, 98, 11);
+    }
+    ASSERT_TRUE(c.total[12]);
+    EXPECT_NEAR(*c.total[12], At(rowOf(vii, "TOTAL"), 98, 11), 0.5 + 1e-6);
+    EXPECT_NEAR(*c.total[12], sum, 0.5 + 1e-6);
+    EXPECT_GT(*c.elec[12], 0);
+    EXPECT_GT(*c.gas[12], 0);  // Chicago: the office burns gas
+    // The life-cycle cost of a whole year is in VII.
+    EXPECT_FALSE(rowOf(vii, "TOTAL LIFE-CYCLE COST").empty());
+}
+
+TEST(ResultsReader, DemandScheduleEnteredOnTheScreenIsBilled) {
+    // The office with a demand schedule as the economics screen keeps it:
+    // the first 10 kW at $4, the next 10 at $6, the rest at $9 a kW.
+    const std::string report =
+        RunSample("Small Office [two levels, I-P].inp", "1-Jan", [](ProjectModel& m) {
+            EconomicsState& e = m.economics;
+            e.EconomicsData[11] = " Y";
+            e.DemandCharge = " Y";
+            e.NumDemandRates = 3;
+            const char* kw[] = {"", "10", "10", "999"};
+            const char* cost[] = {"", "4", "6", "9"};
+            for (int i = 1; i <= 3; ++i)
+                e.DemandRateLimit[i] = kw[i], e.DemandRateCost[i] = cost[i];
+        });
+    const auto read = ReadMonthlyCosts(report);
+    ASSERT_TRUE(read) << read.error;
+    const auto vii = LinesFrom(report, "VII.");
+    int months = 0;
+    for (const std::string& l : vii) {
+        if (l.size() < 108 || l.rfind("    ", 0) != 0) continue;
+        int m = 0;
+        while (m < 12 && l.substr(4, 3) != kMonths[m]) ++m;
+        if (m == 12) continue;
+        ++months;
+        // By hand from the month's peak kW (printed to 0.1 kW).
+        const double kw = At(l, 22, 9);
+        const double demand = 4 * std::min(kw, 10.0) + 6 * std::clamp(kw - 10, 0.0, 10.0) +
+                              9 * std::max(kw - 20, 0.0);
+        EXPECT_GT(kw, 10) << l;  // each month reaches the second block
+        EXPECT_NEAR(At(l, 43, 10), demand, 0.05 * 9 + 0.01) << l;
+        // The monthly table's electric cost holds energy and demand.
+        EXPECT_NEAR(*read.table->elec[m], At(l, 32, 10) + At(l, 43, 10), 0.5 + 1e-6) << l;
+    }
+    EXPECT_EQ(months, 12);
+    EXPECT_NE(report.find("DEMAND CHARGE ON EACH MONTH'S PEAK HOURLY KW"), std::string::npos);
 }
 
 TEST(ResultsReader, CostColumnsWhenTheReportHasThem) {
@@ -184,9 +301,23 @@ TEST(RunSummaryRead, GathersWhatTheReportHoldsAndNamesWhatItLacks) {
     const auto r = ReadRunSummary(OfficeYear());
     ASSERT_TRUE(r) << r.error;
     EXPECT_TRUE(r.table->peakHeating && r.table->annualCooling);
-    EXPECT_FALSE(r.table->costs);
-    ASSERT_EQ(r.table->notAvailable.size(), 1u);
-    EXPECT_NE(r.table->notAvailable[0].find("utility costs"), std::string::npos);
+    ASSERT_TRUE(r.table->costs);
+    ASSERT_TRUE(r.table->lifeCycle) << ::testing::PrintToString(r.table->notAvailable);
+    EXPECT_EQ(r.table->lifeCycle->years, 25);  // the sample's economics
+    EXPECT_DOUBLE_EQ(r.table->lifeCycle->discountRate, 3);
+    EXPECT_GT(r.table->lifeCycle->presentWorth, 25 * *r.table->costs->total[12] * 0.5);
+    EXPECT_TRUE(r.table->notAvailable.empty());
+    // A report without a whole year's life-cycle cost names it.
+    const std::string& full = OfficeYear();
+    std::string shorter = full;
+    const auto at = shorter.find("    LIFE-CYCLE COST: PRESENT WORTH");
+    ASSERT_NE(at, std::string::npos);
+    shorter.replace(at, 34, "    LIFE-CYCLE COST NOT COMPUTED: ");
+    const auto s = ReadRunSummary(shorter);
+    ASSERT_TRUE(s);
+    EXPECT_FALSE(s.table->lifeCycle);
+    ASSERT_EQ(s.table->notAvailable.size(), 1u);
+    EXPECT_NE(s.table->notAvailable[0].find("life-cycle"), std::string::npos);
     // Without the energy summary there is no summary at all.
     const std::string& report = OfficeYear();
     EXPECT_FALSE(ReadRunSummary(report.substr(0, report.find("III."))));
@@ -232,16 +363,23 @@ TEST_F(ResultViewTest, ChartsAndBenchmarkFromARealReport) {
     ASSERT_TRUE(c.Show(ChartKind::Source, canvas));
     EXPECT_FALSE(c.fields.Text("Label3_3").empty());
     ASSERT_TRUE(c.Show(ChartKind::Monthly, canvas));
-    EXPECT_FALSE(c.ShowView(1, canvas));  // no utility costs in the report
-    ScreenFields eui;
-    EXPECT_FALSE(c.Benchmark(eui));  // no building type chosen
+    ASSERT_TRUE(c.ShowView(1, canvas));  // the utility costs of the monthly table
+    EXPECT_EQ(c.fields.Text("Tottotal").substr(0, 16), "Total Costs = $ ");
+    EXPECT_FALSE(c.eui.Open());          // no building type chosen
     session_.model.session.BuildingType = 25;
     session_.model.btypes.BTypeName[25] = "Office";
     session_.model.btypes.BTypeEUILow[25] = 1000;
     session_.model.btypes.BTypeEUIHigh[25] = 2000;
-    ASSERT_TRUE(c.Benchmark(eui));
-    EXPECT_NE(eui.Text("Text1").find("Congratulations!"), std::string::npos);
-    EXPECT_EQ(eui.Text("Label4").substr(0, 22), "Your Site Line EUI is ");
+    ASSERT_TRUE(c.eui.Open());
+    EXPECT_NE(c.eui.fields.Text("Text1").find("Congratulations!"), std::string::npos);
+    EXPECT_EQ(c.eui.fields.Text("Label4").substr(0, 22), "Your Site Line EUI is ");
+    EXPECT_EQ(c.eui.fields.Text("Heading"),
+              "Building EUI Information including the CBECS survey \nvalues");
+    // One picture per unit system; the project's is the one shown.
+    session_.model.session.Units = 2;
+    ASSERT_TRUE(c.eui.Open());
+    EXPECT_TRUE(c.eui.fields.Visible("Image1_2"));
+    EXPECT_FALSE(c.eui.fields.Visible("Image1_1"));
 }
 
 }  // namespace

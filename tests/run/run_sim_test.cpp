@@ -7,7 +7,9 @@
 
 #include <filesystem>
 
+#include "core/numeric_helpers.h"
 #include "core/text_file.h"
+#include "engine/project_translation.h"
 #include "sample_program.h"
 
 namespace fs = std::filesystem;
@@ -135,6 +137,34 @@ TEST_F(RunSimTest, SiProjectSendsImperialToTheEngine) {
     EXPECT_TRUE(siLine);
 }
 
+TEST_F(RunSimTest, SiProjectReachesTheEngineWithItsOwnSizes) {
+    // The engine's copy of an SI project is in I-P but for the receptacle
+    // load and the building matrix; the engine's building has the zone's
+    // true volume and receptacle power all the same.
+    Load("Primary School [SI].inp");
+    ASSERT_TRUE(WriteEngineInput(session_, prompt_, true, [] { return 0.5; }));
+    const auto inp = ReadTextFile(root_ / "temp" / "ecalc$.inp");
+    ASSERT_TRUE(inp);
+    const fs::path work = root_ / "engine_work";
+    fs::create_directories(work / "temp");
+    fs::create_directories(work / "sketch");
+    Session engine;
+    engine.paths = ProgramPaths(work);
+    ScriptedPrompt quiet;
+    ASSERT_EQ(ReadProjectFile(engine, quiet, *inp, "ecalc$.inp", {}), ReadStatus::Read);
+    const auto matrix = ReadTextFile(work / "sketch" / "bld_mtx.all").value_or("");
+    const engine::ProjectRunInputs in = engine::TranslateProject(engine.model, 3, matrix);
+    ASSERT_FALSE(in.building.zones.empty());
+    const auto& zone = in.building.zones[0];
+    const auto& f = session_.model.zones.ZoneData[1];
+    ASSERT_EQ(f[2], "Classrooms South");
+    const double area = NumVal(f[3]);  // sq.m.
+    EXPECT_NEAR(zone.floorArea, area, 0.01 * area);
+    EXPECT_NEAR(zone.volume, area * 3.5, 0.01 * area * 3.5);  // 3.5 m rooms
+    EXPECT_NEAR(zone.gains.equipment, NumVal(f[15]) * area, 0.01 * NumVal(f[15]) * area);
+    EXPECT_NEAR(zone.gains.lights, NumVal(f[13]) * area, 0.02 * NumVal(f[13]) * area);
+}
+
 TEST_F(RunSimTest, BadDatesAndMissingRecordedFileStopBeforeTheEngine) {
     Load("Small Office [two levels, I-P].inp");
     UseEngine("#!/bin/sh\ntouch started\nexit 0\n");
@@ -178,6 +208,75 @@ TEST_F(RunSimTest, CancelEndsAHungEngineAndPutsEverythingBack) {
     EXPECT_TRUE(c.fields().Enabled("Command1"));
 }
 
+TEST_F(RunSimTest, BarFollowsTheDaysTheEngineReports) {
+    Load("Small Office [two levels, I-P].inp");
+    UseEngine(
+        "#!/bin/sh\nsleep 0.3\nprintf '0 365\\r\\n' > Progress.txt\nsleep 0.3\n"
+        "printf '183 365\\r\\n' > Progress.txt\nsleep 0.3\n"
+        "printf 'garbage\\r\\n' > Progress.txt\nsleep 0.3\nexit 0\n");
+    WriteFileAtomic(root_ / "temp" / "Progress.txt", "365 365\r\n");  // an earlier run's
+    RunSimController c = Controller();
+    c.OpenRun();
+    ASSERT_TRUE(c.ExecuteRun());
+    std::vector<int> seen;
+    while (c.Wait(50)) seen.push_back(c.fields()["ProgressBar1"].value);
+    ASSERT_FALSE(seen.empty());
+    EXPECT_EQ(seen.front(), 0);  // the earlier run's record was removed
+    EXPECT_TRUE(std::is_sorted(seen.begin(), seen.end()));
+    EXPECT_NE(std::find(seen.begin(), seen.end(), 183 * 100 / 365 * 95 / 100), seen.end());
+    EXPECT_LT(seen.back(), 95);  // a record it cannot read does not move the bar
+    EXPECT_TRUE(c.EngineCompleted());
+}
+
+TEST(EngineProgressTest, ReadsDaysDoneOfDays) {
+    const fs::path root =
+        fs::temp_directory_path() / ("solvane_progress_" + std::to_string(getpid()));
+    fs::create_directories(root / "temp");
+    const ProgramPaths paths(root);
+    EXPECT_FALSE(EngineProgress(paths));
+    for (const auto& [text, expected] :
+         std::vector<std::pair<std::string, std::optional<int>>>{{"0 365\r\n", 0},
+                                                                 {"73 365\r\n", 20},
+                                                                 {"400 365", 100},
+                                                                 {"12", std::nullopt},
+                                                                 {"5 0", std::nullopt},
+                                                                 {"-1 10", std::nullopt},
+                                                                 {"", std::nullopt}}) {
+        WriteFileAtomic(root / "temp" / "Progress.txt", text);
+        EXPECT_EQ(EngineProgress(paths), expected) << text;
+    }
+    fs::remove_all(root);
+}
+
+TEST_F(RunSimTest, CancelMidwayThroughARealRun) {
+    Load("Hotel [four storeys, I-P].inp");
+    UseEngine();
+    WriteFileAtomic(root_ / "temp" / "ecalc$.out", "earlier results\r\n");
+    const ProjectModel before = session_.model;
+    RunSimController c = Controller();
+    c.OpenRun();
+    c.fields().At("Text1", 2).text = "24";
+    ASSERT_TRUE(c.ExecuteRun());
+    // Cancel once the engine has told its first days.
+    while (c.Wait(5) && c.fields()["ProgressBar1"].value == 0) {
+    }
+    ASSERT_TRUE(c.Running()) << "the run ended before it could be cancelled";
+    c.Cancel();
+    EXPECT_FALSE(c.Running());
+    EXPECT_FALSE(c.EngineCompleted());
+    EXPECT_EQ(session_.model.ProjectData, before.ProjectData);
+    EXPECT_EQ(session_.model.climate.DesTemps, before.climate.DesTemps);
+    EXPECT_EQ(session_.model.flags.RunDone, 0);
+    EXPECT_EQ(ReadTextFile(root_ / "temp" / "ecalc$.out"), "earlier results\r\n");
+    // The engine left its record of the stop and none of its reports.
+    for (const char* name : {"sim$.out", "ecalc$.wth", "ecalc$.flt", "Progress.txt"})
+        EXPECT_FALSE(fs::exists(root_ / "temp" / name)) << name;
+    const auto monitor = ReadTextFile(root_ / "temp" / "Monitor.txt").value_or("");
+    EXPECT_NE(monitor.find("STOPPED BEFORE IT COMPLETED"), std::string::npos) << monitor;
+    EXPECT_TRUE(c.fields().Enabled("Command1"));
+    EXPECT_FALSE(c.fields().Visible("ProgressBar1"));
+}
+
 TEST_F(RunSimTest, TimeLimitStopsTheEngine) {
     Load("Small Office [two levels, I-P].inp");
     UseEngine("#!/bin/sh\nwhile :; do sleep 1; done\n");
@@ -201,6 +300,9 @@ TEST_F(RunSimTest, RealEngineAndReviewResults) {
     ASSERT_TRUE(c.ExecuteRun());
     while (c.Wait(200)) {
     }
+    // The engine kept its record of the days: all of the year at the end.
+    EXPECT_EQ(TempLines("Progress.txt"), std::vector<std::string>{"365 365"});
+    EXPECT_EQ(c.fields()["ProgressBar1"].value, 100);
     ASSERT_TRUE(c.ReviewResults());
     EXPECT_EQ(session_.model.flags.OutputAvailable, 1);
     EXPECT_EQ(session_.model.flags.PendingAfterSave, 0);

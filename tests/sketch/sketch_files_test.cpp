@@ -191,6 +191,25 @@ TEST_F(SketchFiles, UnreadableDrawingGivesTheFailurePromptAndKeepsTheFile) {
     WriteAll(many);
     EXPECT_FALSE(LoadSketchFiles(ctx));
     EXPECT_EQ(prompt.asked.size(), 3u);
+
+    // A label place beyond the 16-bit field it is kept in.
+    auto block = LevelBlock(1, 2, 1, 10, {"11"});
+    block[7].replace(kZoneLabelXColumn - 1, 5, "99999");
+    WriteAll(block);
+    EXPECT_FALSE(LoadSketchFiles(ctx));
+    EXPECT_EQ(prompt.asked.size(), 4u);
+    EXPECT_EQ(ReadLines("\\sketch\\bld_mtx.all")[7], block[7]);
+}
+
+TEST_F(SketchFiles, ZoneNumberBeyondAnyFigureNamesNoZone) {
+    EXPECT_EQ(ZoneLineNumber("ZoneName[1111111111111111111111111111111111111123]: Zone 1-1"), 0);
+    auto block = LevelBlock(1, 2, 1, 10, {"11"});
+    block[6].replace(9, 2, "1111111111111111111111111111111111111123");
+    WriteAll(block);
+    auto ctx = Context();
+    ASSERT_TRUE(LoadSketchFiles(ctx));
+    EXPECT_EQ(session.model.sketch.SketchGrid[60][1], 1);
+    EXPECT_TRUE(prompt.asked.empty());
 }
 
 TEST_F(SketchFiles, ScanReadsTheCellsBackFromTheCanvas) {

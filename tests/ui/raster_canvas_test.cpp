@@ -32,6 +32,24 @@ TEST(RasterCanvas, DrawingOutsideIsClippedAndReadsOutsideAreNoColour) {
     EXPECT_EQ(c.ColorAt(10, 0), 0xFFFFFFFFu);
 }
 
+TEST(RasterCanvas, FarOffFiguresAreCutToTheCanvas) {
+    // Ends a billion pixels away: the visible part is drawn at once, with no
+    // overflow of the line's step arithmetic.
+    RasterCanvas c(20, 20);
+    c.Line(5, 5, 5, -1'624'313'778, kRed);
+    c.Line(-2'000'000'000, 10, 2'000'000'000, 10, kBlue);
+    c.Text(2'147'483'000, 0, "far", 10, kRed);
+    c.Polygon({Point{-2'000'000'000, 2}, Point{2'000'000'000, 2}, Point{2'000'000'000, 4},
+               Point{-2'000'000'000, 4}},
+              kBlue);
+    EXPECT_EQ(c.ColorAt(5, 0), kRed);
+    EXPECT_EQ(c.ColorAt(5, 5), kRed);
+    EXPECT_EQ(c.ColorAt(5, 6), kWhite);
+    EXPECT_EQ(c.ColorAt(0, 10), kBlue);
+    EXPECT_EQ(c.ColorAt(19, 10), kBlue);
+    EXPECT_EQ(c.ColorAt(10, 3), kBlue);
+}
+
 TEST(RasterCanvas, LinesReachBothEnds) {
     RasterCanvas c(20, 20);
     c.Line(2, 3, 17, 11, kRed);
