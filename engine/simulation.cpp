@@ -553,8 +553,8 @@ RunResults Simulate(const Building& b, const WeatherYear& w, const RunOptions& o
                 // Daylighting dims the lights of the daylit part (daylighting.h).
                 double dimmed = 1.0;
                 if (zone.daylight.share > 0 && zone.daylight.targetLux > 0) {
-                    const double lux = zone.daylight.daylightFactor / 100.0 * wh.diffuseHorizontal *
-                                       kSkyLuminousEfficacy;
+                    const double lux = zone.daylight.daylightFactor / 100.0 *
+                                       w.hours[hi].diffuseHorizontal * kSkyLuminousEfficacy;
                     dimmed = 1.0 - zone.daylight.share *
                                        (1.0 - DimmedPowerFraction(lux, zone.daylight.targetLux));
                 }

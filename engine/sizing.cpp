@@ -106,6 +106,7 @@ DesignLoads DesignDayLoads(const Building& b, const WeatherYear& weather, const 
     opt.hvacOff = false;
     opt.skipMonth.fill(false);
     opt.warmupDays = 1;
+    opt.onDay = nullptr;  // the design days are no part of the run's progress
     int day = 0;
     const WeatherYear cool = CoolingDesignWeather(weather, c, &day, &out.dailyRange);
     out.coolingDay = day;

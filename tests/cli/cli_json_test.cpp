@@ -61,7 +61,8 @@ TEST_P(CliJsonTest, FiguresArePresentAndConsistent) {
     const QJsonObject uses = energy["byEndUse"].toObject();
     ASSERT_GE(uses.size(), 6);
     double sum = 0;
-    for (const QString& use : {"HEATING", "COOLING", "LIGHTS", "EQUIP", "FANS", "DHW"}) {
+    for (const char* name : {"HEATING", "COOLING", "LIGHTS", "EQUIP", "FANS", "DHW"}) {
+        const QString use = name;
         ASSERT_TRUE(uses[use].isDouble()) << use.toStdString();
         EXPECT_GE(uses[use].toDouble(), 0) << use.toStdString();
         sum += uses[use].toDouble();
@@ -90,9 +91,13 @@ TEST_P(CliJsonTest, FiguresArePresentAndConsistent) {
     ASSERT_TRUE(annual["heating"].isDouble());
     ASSERT_TRUE(annual["cooling"].isDouble());
     // A building with a heating load uses heating energy.
-    if (annual["heating"].toDouble() > 0) EXPECT_GT(uses["HEATING"].toDouble(), 0);
+    if (annual["heating"].toDouble() > 0) {
+        EXPECT_GT(uses["HEATING"].toDouble(), 0);
+    }
     // What the summary lacks is named, never estimated.
-    if (s["annualCost"].isNull()) EXPECT_FALSE(s["notAvailable"].toArray().isEmpty());
+    if (s["annualCost"].isNull()) {
+        EXPECT_FALSE(s["notAvailable"].toArray().isEmpty());
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Samples, CliJsonTest,
