@@ -156,6 +156,8 @@ void AppShell::MakeScreens() {
             results_->Open(ChartKind::Source);
         },
         hub);
+    selectWeatherController_ = std::make_unique<SelectWeatherController>(session_, prompt_);
+    runSim_->SetRecordedWeather(*selectWeatherController_);
     tabular_ = std::make_unique<TabularScreen>(*tabularController_, navigate, hub);
     saveOutForm_ = std::make_unique<SaveOutFormScreen>(*saveOutController_, navigate, folders, hub);
     selectView_ =

@@ -21,6 +21,7 @@
 #include "results/tabular.h"
 #include "run/run_sim.h"
 #include "weather/climate_database.h"
+#include "weather/recorded_weather.h"
 #include "weather/weather_screen.h"
 
 namespace solvane {
@@ -116,6 +117,7 @@ class AppShell : public QObject {
     std::unique_ptr<CatalogController> catalogController_;
     std::unique_ptr<HvacController> hvacController_;
     std::unique_ptr<RunSimController> runSimController_;
+    std::unique_ptr<SelectWeatherController> selectWeatherController_;
     std::unique_ptr<ResultViewController> resultViewController_;
     std::unique_ptr<TabularController> tabularController_;
     std::unique_ptr<SaveOutFormController> saveOutController_;

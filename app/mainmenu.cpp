@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 #include <functional>
 
+#include "app/about_box.h"
 #include "app/field_binding.h"
 #include "app/help_viewer.h"
 #include "app/task_icons.h"
@@ -121,6 +122,13 @@ void MainMenuScreen::BuildMenus() {
                           Literal(QString::fromStdString(title))),
                 &QAction::triggered, this, [this, file = file] { help_->ShowFile(file); });
     }
+    tutorial->addSeparator();
+    connect(AddAction(tutorial, "aboutitem", "&About SOLVANE 2020"), &QAction::triggered, this,
+            [this] {
+                if (!about_) about_ = new AboutBox(session_.paths, this);
+                about_->show();
+                about_->raise();
+            });
 }
 
 void MainMenuScreen::BuildTasks() {

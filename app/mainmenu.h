@@ -12,6 +12,7 @@ class QTimer;
 
 namespace solvane {
 
+class AboutBox;
 class HelpViewer;
 
 class MainMenuScreen : public QMainWindow {
@@ -36,6 +37,7 @@ class MainMenuScreen : public QMainWindow {
     std::function<void(const Navigation&)> navigate_;
     QLabel* globe_ = nullptr;
     HelpViewer* help_ = nullptr;
+    AboutBox* about_ = nullptr;
     QTimer* timer_ = nullptr;
 };
 

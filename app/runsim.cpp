@@ -14,6 +14,7 @@
 #include "app/field_binding.h"
 #include "app/field_edits.h"
 #include "app/form_helpers.h"
+#include "app/selectweth.h"
 
 namespace solvane {
 
@@ -100,6 +101,7 @@ RunSimScreen::RunSimScreen(RunSimController& controller,
                 controller_.fields().At("weather", 1 - i).value = 0;
             }
         });
+        if (i == 1) connect(r, &QRadioButton::clicked, this, &RunSimScreen::PickRecordedWeather);
     }
     for (const auto& [name, caption] :
          {std::pair{"weatherseq", "Repeat previously run weather sequence."},
@@ -153,6 +155,21 @@ void RunSimScreen::Open() {
     show();
     raise();
     activateWindow();
+}
+
+void RunSimScreen::SetRecordedWeather(SelectWeatherController& controller) {
+    select_ = new SelectWeatherScreen(controller, this);
+}
+
+void RunSimScreen::PickRecordedWeather() {
+    if (!select_) return;
+    ScreenFields& f = controller_.fields();
+    select_->Pick(f.At("Text1", 2).text);
+    // Without a file taken the run stays on simulated weather.
+    const bool taken = controller_.session().model.climate.RecordedWeatherSelected == 1;
+    f.At("weather", 0).value = taken ? 0 : 1;
+    f.At("weather", 1).value = taken ? 1 : 0;
+    ShowFields();
 }
 
 void RunSimScreen::ShowFields() {

@@ -11,6 +11,9 @@ class QTimer;
 
 namespace solvane {
 
+class SelectWeatherController;
+class SelectWeatherScreen;
+
 class RunOptionsScreen : public QDialog {
     Q_OBJECT
   public:
@@ -25,6 +28,9 @@ class RunSimScreen : public QDialog {
     RunSimScreen(RunSimController& controller, std::function<void(const Navigation&)> navigate,
                  std::function<void()> showResults, QWidget* parent);
     void Open();
+    // The recorded weather screen the "Recorded Weather:" choice opens.
+    void SetRecordedWeather(SelectWeatherController& controller);
+    SelectWeatherScreen* recordedWeather() { return select_; }
     // The engine's watch; public for the tests.
     void Poll();
 
@@ -37,11 +43,13 @@ class RunSimScreen : public QDialog {
   private:
     void ShowFields();
     void Execute();
+    void PickRecordedWeather();
 
     RunSimController& controller_;
     std::function<void(const Navigation&)> navigate_;
     std::function<void()> showResults_;
     QTimer* timer_;
+    SelectWeatherScreen* select_ = nullptr;
 };
 
 }  // namespace solvane

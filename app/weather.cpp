@@ -15,6 +15,7 @@
 #include "app/field_binding.h"
 #include "app/field_edits.h"
 #include "app/form_helpers.h"
+#include "app/help_viewer.h"
 #include "core/numeric_helpers.h"
 
 namespace solvane {
@@ -216,6 +217,14 @@ WeatherDataScreen::WeatherDataScreen(WeatherScreen& controller,
         buttons->addWidget(button);
         connect(button, &QPushButton::clicked, this, [this, a = b.action] { Act(a()); });
     }
+    auto* help = new QPushButton("Help");
+    help->setObjectName("help");
+    help->setAutoDefault(false);
+    buttons->addWidget(help);
+    connect(help, &QPushButton::clicked, this, [this] {
+        if (!help_) help_ = new HelpViewer(controller_.paths(), this);
+        help_->ShowFile(kWeatherHelpFile);
+    });
     layout->addLayout(buttons);
     EscapeIsCancel(this);
 

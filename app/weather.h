@@ -11,6 +11,11 @@ class QLabel;
 
 namespace solvane {
 
+class HelpViewer;
+
+// The weather screen's help text, under the heading "WEATHER DATA".
+inline constexpr const char* kWeatherHelpFile = "\\Helpinfo\\Help20-5.txt";
+
 class FieldEdits;
 
 class WeatherDataScreen : public QDialog {
@@ -32,6 +37,7 @@ class WeatherDataScreen : public QDialog {
     QComboBox* cities_;
     QLabel* map_;
     QString mapPath_;
+    HelpViewer* help_ = nullptr;
 };
 
 }  // namespace solvane

@@ -1,7 +1,9 @@
 #include "cli/cli_commands.h"
 
+#include <cctype>
 #include <chrono>
 #include <ctime>
+#include <filesystem>
 #include <random>
 
 #include "cli/program_services.h"
@@ -13,6 +15,7 @@
 #include "projectfile/file_dialogs.h"
 #include "run/headless_run.h"
 #include "ui/scripted_prompt.h"
+#include "weather/recorded_weather.h"
 
 namespace solvane::cli {
 
@@ -31,12 +34,14 @@ bool ParseOptions(const std::vector<std::string>& args, Options& options, std::s
             options.json = true;
         } else if (a == "--baseline") {
             options.baseline = true;
-        } else if (a == "--recorded" || a == "--seed") {
+        } else if (a == "--recorded" || a == "--seed" || a == "--weather-format") {
             if (i + 1 >= args.size()) {
                 error = a + " needs a value";
                 return false;
             }
-            (a == "--seed" ? options.seed : options.recorded) = args[++i];
+            (a == "--seed"       ? options.seed
+             : a == "--recorded" ? options.recorded
+                                 : options.weatherFormat) = args[++i];
         } else if (a == "--ensemble" || a == "--jobs" || a == "--region" || a == "--job-list") {
             const std::string value = i + 1 < args.size() ? args[++i] : std::string();
             const double n = NumVal(value);
@@ -149,7 +154,10 @@ void PrintHelp(std::ostream& out) {
            "  --threads N      run: the engine steps its zones on N threads (default: all cores)\n"
            "  --seed VALUE     run: the simulated weather's seed, 0 <= VALUE < 1\n"
            "  --period A B     run: first and last day, e.g. --period 1-Jan 31-Dec\n"
-           "  --recorded FILE  run: a recorded weather year (EPW) instead of simulated weather\n"
+           "  --recorded FILE  run: a recorded weather year instead of simulated weather\n"
+           "  --weather-format epw|wyec2|iwec|custom\n"
+           "                   run: the recorded file's form (by default from its name:\n"
+           "                   *.epw, WYEC2.txt, IWEC.txt, *.cus)\n"
            "  --json           run: print the summary as JSON (docs/cli-run-json.md)\n"
            "  --ensemble N     run: N runs on N weather seeds; the median and the 10th to\n"
            "                   90th percentile of each figure (docs/ensembles.md)\n"
@@ -204,6 +212,54 @@ void PrintPrompts(const ScriptedPrompt& prompt, std::size_t from, std::ostream& 
     for (std::size_t i = from; i < prompt.asked.size(); ++i)
         out << "[" << prompt.asked[i].title << "] " << prompt.asked[i].text << "\n";
 }
+
+namespace {
+
+// The recorded weather file's form, 1..4, from --weather-format or its name;
+// 0 when neither tells it.
+int RecordedFormatOf(const Options& options) {
+    auto lower = [](std::string t) {
+        for (char& c : t) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        return t;
+    };
+    const std::string given = lower(options.weatherFormat);
+    const std::string name = lower(std::filesystem::path(options.recorded).filename().string());
+    const std::string ext = lower(std::filesystem::path(options.recorded).extension().string());
+    if (given == "epw" || (given.empty() && ext == ".epw")) return 1;
+    if (given == "wyec2" || (given.empty() && name == "wyec2.txt")) return 2;
+    if (given == "iwec" || (given.empty() && name == "iwec.txt")) return 3;
+    if (given == "custom" || (given.empty() && ext == ".cus")) return 4;
+    return 0;
+}
+
+// Takes the recorded weather file as the recorded weather screen does, for
+// the year in the run screen; a year that differs is noted and the run goes on.
+bool TakeRecordedWeather(Session& session, ScriptedPrompt& prompt, const Options& options,
+                         RunSimController& run, std::ostream& err) {
+    const int format = RecordedFormatOf(options);
+    if (format == 0) {
+        err << "solvane-cli: --weather-format must be epw, wyec2, iwec or custom (the form of "
+            << options.recorded << " is not told by its name)\n";
+        return false;
+    }
+    std::error_code ec;
+    const auto file = std::filesystem::absolute(options.recorded, ec);
+    SelectWeatherController select(session, prompt);
+    select.Open(run.fields().At("Text1", 2).text);
+    select.browser.ChangeFolder(file.parent_path().string());
+    select.ChooseFormat(format);
+    select.fields()["Text1"].text = file.string();
+    const std::size_t from = prompt.asked.size();
+    const bool taken = select.Ok();
+    for (std::size_t i = from; i < prompt.asked.size(); ++i) {
+        const AskedPrompt& p = prompt.asked[i];
+        if (p.title == "Weather Year" || !taken) err << "solvane-cli: " << p.text << "\n";
+    }
+    if (!taken) err << "solvane-cli: " << options.recorded << " was not taken\n";
+    return taken;
+}
+
+}  // namespace
 
 int RunCheck(const Options& options, const std::string& executable, std::ostream& out,
              std::ostream& err) {
@@ -284,34 +340,24 @@ int RunProject(const Options& options, const std::string& executable, std::ostre
     std::error_code ec;
     const RunRequest request = RequestFromOptions(options, seed);
     bool badInput = false;
+    // Recorded weather is taken as the recorded weather screen takes it.
     auto recorded = [&](RunSimController& run, std::string& error) {
         if (options.recorded.empty()) return true;
-        badInput = true;
-        const std::filesystem::path file = options.recorded;
-        std::string ext = file.extension().string();
-        for (char& c : ext) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
-        if (ext != ".epw") {
-            error = "--recorded takes an EPW weather file (.epw)";
+        if (!TakeRecordedWeather(session, prompt, options, run, err)) {
+            badInput = true;
+            error = options.recorded + " was not taken";
             return false;
         }
-        std::filesystem::copy_file(file, session.paths.Resolve("\\temp\\ecalc$.tmy"),
-                                   std::filesystem::copy_options::overwrite_existing, ec);
-        if (ec) {
-            error = file.string() + " cannot be read: " + ec.message();
-            return false;
-        }
-        badInput = false;
-        session.model.climate.RecordedWeatherSelected = 1;
-        run.run().RecordedWeatherType = 1;  // EPW
         run.fields().At("weather", 0).value = 0;
         run.fields().At("weather", 1).value = 1;
         return true;
     };
     const RunOutcome outcome = RunHeadless(session, prompt, request, recorded);
     if (outcome.status != 0) {
-        if (!badInput) PrintPrompts(prompt, startupPrompts, err);
+        if (badInput) return 2;
+        PrintPrompts(prompt, startupPrompts, err);
         err << "solvane-cli: " << outcome.error << "\n";
-        return badInput ? 2 : outcome.status;
+        return outcome.status;
     }
     ProjectModel& m = session.model;
     const double seconds = outcome.seconds;
@@ -323,7 +369,7 @@ int RunProject(const Options& options, const std::string& executable, std::ostre
         err << "solvane-cli: " << summary.error << "\n";
         return 1;
     }
-    SummaryContext context{m, outcome.run, project, seconds};
+    SummaryContext context{m, outcome.run, project, seconds, WeatherUsed(outcome.report)};
     if (options.json)
         PrintSummaryJson(*summary.table, context, out);
     else

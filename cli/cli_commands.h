@@ -21,7 +21,8 @@ struct Options {
     bool passive = false;                   // --passive: comfort analysis without HVAC
     bool repeatWeather = false;             // --repeat-weather: the fixed weather sequence
     bool json = false;                      // --json: the run summary as JSON
-    std::string recorded;                   // --recorded FILE: a recorded weather year (EPW)
+    std::string recorded;                   // --recorded FILE: a recorded weather year
+    std::string weatherFormat;              // --weather-format epw|wyec2|iwec|custom
     std::string periodBegin, periodEnd;     // --period 1-Jan 31-Dec
     std::string seed;                       // --seed VALUE: the weather seed, 0 <= VALUE < 1
     double timeLimit = 3600;                // --time-limit SECONDS: the engine is stopped after it

@@ -4,6 +4,7 @@
 #include <cstdio>
 
 #include "core/numeric_helpers.h"
+#include "core/text_file.h"
 
 namespace solvane::cli {
 
@@ -83,13 +84,26 @@ std::string JsonString(const std::string& text) {
     return out + "\"";
 }
 
+std::string WeatherUsed(const std::string& report) {
+    const auto lines = SplitLines(report);
+    for (std::size_t i = 0; i + 1 < lines.size(); ++i) {
+        if (lines[i].find("WEATHER SUMMARY") == std::string::npos) continue;
+        const std::string& next = lines[i + 1];
+        const auto first = next.find_first_not_of(' ');
+        return first == std::string::npos ? std::string() : next.substr(first);
+    }
+    return {};
+}
+
 void PrintSummaryText(const RunSummary& s, const SummaryContext& c, std::ostream& out) {
     const Units u = UnitsOf(s);
     const ProjectModel& m = c.model;
     out << "Project:  " << m.ProjectData[kProjName] << " -- " << m.ProjectData[kLocation] << "\n";
     out << "Period:   " << c.run.RunDates[0] << " to " << c.run.RunDates[1] << " "
         << c.run.WeatherYear << (m.flags.RunResultCode == 4 ? "  (comfort analysis, no HVAC)" : "")
-        << "\n\n";
+        << "\n";
+    if (!c.weather.empty()) out << "Weather:  " << c.weather << "\n";
+    out << "\n";
     out << "Site EUI    " << Number(s.energy.SiteEUI) << " " << u.eui << "\n";
     out << "Source EUI  " << Number(s.energy.SourceEUI) << " " << u.eui << "\n\n";
     out << "Site energy by end use (" << u.energy << "):\n";
@@ -136,7 +150,8 @@ void PrintSummaryJson(const RunSummary& s, const SummaryContext& c, std::ostream
         << ", \"end\": " << JsonString(c.run.RunDates[1])
         << ", \"year\": " << JsonString(c.run.WeatherYear)
         << ", \"weatherSeed\": " << JsonString(m.session.WeatherSeed)
-        << ", \"seconds\": " << Number(c.seconds) << "},\n";
+        << ", \"weather\": " << JsonString(c.weather) << ", \"seconds\": " << Number(c.seconds)
+        << "},\n";
     out << "  \"eui\": {\"unit\": \"" << u.eui << "\", \"site\": " << Number(s.energy.SiteEUI)
         << ", \"source\": " << Number(s.energy.SourceEUI) << "},\n";
     out << "  \"siteEnergy\": {\"unit\": \"" << u.energy << "\", \"byEndUse\": {";

@@ -15,8 +15,13 @@ struct SummaryContext {
     const ProjectModel& model;
     const RunState& run;
     std::string projectFile;
-    double seconds = 0;  // the run's wall-clock time
+    double seconds = 0;   // the run's wall-clock time
+    std::string weather;  // the weather the engine used, as its report names it
 };
+
+// The first line of the report's weather summary: "RECORDED <station>" or
+// "SIMULATED FROM THE CLIMATE RECORD, SEED <seed>"; empty when there is none.
+std::string WeatherUsed(const std::string& report);
 
 void PrintSummaryText(const RunSummary& s, const SummaryContext& c, std::ostream& out);
 void PrintSummaryJson(const RunSummary& s, const SummaryContext& c, std::ostream& out);

@@ -279,9 +279,13 @@ int RunBaselineCommand(const Options& options, const std::string& executable, st
     if (options.json) {
         out << "{\n\"schema\": \"solvane-run-baseline/1\",\n\"baselineOf\": "
             << JsonString(codeLine) << ",\n\"design\": ";
-        PrintSummaryJson(*ds.table, SummaryContext{m, design.run, p.file, design.seconds}, out);
+        PrintSummaryJson(
+            *ds.table,
+            SummaryContext{m, design.run, p.file, design.seconds, WeatherUsed(design.report)}, out);
         out << ",\n\"baseline\": ";
-        PrintSummaryJson(*bs.table, SummaryContext{baseline.model, base.run, p.file, base.seconds},
+        PrintSummaryJson(*bs.table,
+                         SummaryContext{baseline.model, base.run, p.file, base.seconds,
+                                        WeatherUsed(base.report)},
                          out);
         out << ",\n\"savedPercent\": {";
         bool first = true;
@@ -296,7 +300,9 @@ int RunBaselineCommand(const Options& options, const std::string& executable, st
         out << "}\n}\n";
         return 0;
     }
-    PrintSummaryText(*ds.table, SummaryContext{m, design.run, p.file, design.seconds}, out);
+    PrintSummaryText(
+        *ds.table,
+        SummaryContext{m, design.run, p.file, design.seconds, WeatherUsed(design.report)}, out);
     out << "\nCode baseline: " << codeLine << "\n";
     char line[160];
     std::snprintf(line, sizeof line, "%-14s %-9s %12s %12s %9s\n", "", "unit", "design", "baseline",

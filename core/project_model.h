@@ -73,6 +73,10 @@ struct ClimateState {
     TextTable<3> DesTemps;
     Flag DesTempsPresent = 0;
     Flag RecordedWeatherSelected = 0;
+    // The recorded weather file taken (copied to temp\ecalc$.tmy) and its
+    // form: 1 EPW, 2 WYEC2, 3 IWEC, 4 custom; 0 before one is taken.
+    std::string RecordedWeatherFile;
+    std::int16_t WeatherFileFormat = 0;
 };
 
 struct EconomicsState {

@@ -137,6 +137,8 @@ void ResetProject(Session& session) {
     f.DaylightingUsed = f.WallCatalogLoaded = f.WindowCatalogLoaded = 0;
     f.SketchInfoChanged = f.ZoneChangedAfterSketch = 0;
     m.climate.RecordedWeatherSelected = m.climate.DesTempsPresent = 0;
+    m.climate.RecordedWeatherFile.clear();
+    m.climate.WeatherFileFormat = 0;
 
     for (int i = 1; i <= 3; ++i) m.climate.DesTemps[i].clear();
     for (int i = 1; i <= 15; ++i) f.ProjectScreenFlags[i] = f.ProjectScreenFlags2[i] = 0;

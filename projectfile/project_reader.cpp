@@ -107,6 +107,8 @@ void Reader::ResetFlags() {
     f.PendingAfterSave = 0;
     f.InputFileSaved = f.DaylightingUsed = f.WallCatalogLoaded = f.WindowCatalogLoaded = 0;
     m_.climate.RecordedWeatherSelected = m_.climate.DesTempsPresent = 0;
+    m_.climate.RecordedWeatherFile.clear();
+    m_.climate.WeatherFileFormat = 0;
     f.ZonesDescribed = f.ProjectFromFile = f.LocationKnown = f.WallsDerived = 1;
     f.DefaultsApplied = 1;
     for (int i = 1; i <= 3; ++i) m_.climate.DesTemps[i].clear();

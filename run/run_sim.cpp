@@ -146,6 +146,8 @@ bool RunSimController::PrepareRun() {
                 "Weather data file", Buttons::Ok, Icon::None);
             return false;
         }
+        // The form the recorded weather screen took the file in.
+        if (m.climate.WeatherFileFormat > 0) run_.RecordedWeatherType = m.climate.WeatherFileFormat;
         run.WeatherType = std::max(1, static_cast<int>(run_.RecordedWeatherType));
     }
     run.RunType = m.flags.PendingAfterSave;

@@ -46,6 +46,7 @@ class RunSimController {
 
     ScreenFields& fields() { return fields_; }
     RunState& run() { return run_; }
+    Session& session() { return session_; }
 
     // Fills the screen for the run the hub asked for (`PendingAfterSave`).
     void OpenRun();

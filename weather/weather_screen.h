@@ -108,6 +108,8 @@ class WeatherScreen {
     // information screen.
     std::function<void(const std::string&)> locationChanged;
 
+    const ProgramPaths& paths() const { return paths_; }
+
     // Whether the current region's file has a station of this city and state.
     bool StationListed(const std::string& city, const std::string& state) const;
 
