@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <chrono>
 #include <csignal>
@@ -103,11 +104,35 @@ void StopEngine(EngineProcess& engine, int graceMilliseconds) {
     }
 }
 
+namespace {
+constexpr std::array<const char*, 8> kEngineOutputs = {
+    "Monitor.txt", "sim$.out", "ecalc$.wth", "ecalc$.flt", "ecalc$.hry", "etemp$.hry",
+    "eweth$.hry",  "Progress.txt"};
+}  // namespace
+
 void DeleteEngineOutputs(const ProgramPaths& paths) {
-    for (const char* name : {"Monitor.txt", "sim$.out", "ecalc$.wth", "ecalc$.flt", "ecalc$.hry",
-                             "etemp$.hry", "eweth$.hry", "Progress.txt"}) {
+    for (const char* name : kEngineOutputs) {
         std::error_code ec;
         std::filesystem::remove(paths.Resolve("temp") / name, ec);
+    }
+}
+
+void ClearUnfinishedRun(const ProgramPaths& paths) {
+    // A stopped engine removes its own reports, but a worker thread may
+    // still finish a write between that and its end; once the process is
+    // gone, whatever it left (and any half-written temporary) goes too.
+    const std::filesystem::path temp = paths.Resolve("temp");
+    std::error_code ec;
+    for (const char* name : kEngineOutputs)
+        if (std::string_view(name) != "Monitor.txt") std::filesystem::remove(temp / name, ec);
+    for (std::filesystem::directory_iterator it(temp, ec), end; !ec && it != end;
+         it.increment(ec)) {
+        const std::string name = it->path().filename().string();
+        for (const char* output : kEngineOutputs)
+            if (name.starts_with(std::string(output) + ".tmp-")) {
+                std::error_code rc;
+                std::filesystem::remove(it->path(), rc);
+            }
     }
 }
 

@@ -46,6 +46,10 @@ void DeleteComfortFiles(const ProgramPaths& paths);
 // that nothing of it can be taken for this run's.
 void DeleteEngineOutputs(const ProgramPaths& paths);
 
+// After a run that was stopped or failed: every engine output but its record
+// (Monitor.txt), so that nothing of an unfinished run looks like results.
+void ClearUnfinishedRun(const ProgramPaths& paths);
+
 // How far the running engine has come, 0 to 100, from \temp\Progress.txt
 // ("days done" and "days of the period"); nothing while there is no such
 // record or it cannot be read.

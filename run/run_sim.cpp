@@ -283,6 +283,7 @@ void RunSimController::Cancel() {
 }
 
 void RunSimController::Restore() {
+    ClearUnfinishedRun(session_.paths);
     if (before_) session_.model = *before_;
     if (runBefore_) run_ = *runBefore_;
     runBefore_.reset();
